@@ -1,0 +1,48 @@
+#pragma once
+
+#include "display/PlotSurface.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vastrel {
+
+/// How the batch program ends.
+enum class ExitStatus { Done = 0, WrongUse = 2, Refused = 3, RunTimeFailure = 4 };
+
+/// Wrong use of the command line that the parser itself cannot see.
+class WrongUse : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+class ConsolePlatform;
+
+/// Options of the whole program, and the console that it runs on.
+struct ProgramOptions {
+    bool Quiet = false;
+    const ConsolePlatform* Console = nullptr;
+};
+
+/// A subcommand adds itself to the program: its options, and what it does once they are parsed. `run` is set
+/// by the subcommand that was chosen.
+using RunCommand = std::function<ExitStatus()>;
+using AddCommand = void (*)(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+
+void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+
+/// The subcommand whose words may begin with a minus sign.
+constexpr const char* PValueCommand = "p-value";
+
+/// The four sizes W,H,SW,SH of a plot surface; WrongUse for any other text.
+SurfaceSize ParseSurface(const std::string& text);
+
+/// The path made absolute, before anything else looks at it.
+std::string AbsolutePath(const std::string& path);
+
+} // namespace vastrel

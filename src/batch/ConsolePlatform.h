@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Platform.h"
+
+namespace vastrel {
+
+/// The platform of the batch program: messages and reports go to standard error, nobody is asked anything.
+class ConsolePlatform : public Platform {
+public:
+    /// How many messages the system has shown.
+    int MessageCount() const { return messageCount_; }
+
+    void ShowMessage(const Message& message) override;
+    FileChoice ChooseFile(const FileQuestion& question) override;
+    void SetBusyPointer(bool busy) override;
+    void Yield(long count) override;
+    void ReportRunTimeError(const RunTimeError& error) override;
+    void EndProcess(int status) override;
+    std::string ProgramFolder() override;
+
+private:
+    int messageCount_ = 0;
+};
+
+} // namespace vastrel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vastrel {
+
+/// The files that a command writes, collected until all results are there. "-" is standard output.
+class Outputs {
+public:
+    void Add(const std::string& path, std::string bytes);
+
+    /// Writes all of them. A file that cannot be written is a run-time error, and then no file is created or
+    /// changed: each is written beside its place first and moved there at the end.
+    void Write() const;
+
+private:
+    std::vector<std::pair<std::string, std::string>> files_;
+};
+
+} // namespace vastrel

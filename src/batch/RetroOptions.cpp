@@ -1,0 +1,54 @@
+#include "batch/RetroOptions.h"
+
+#include "batch/Pictures.h"
+
+#include <map>
+
+namespace vastrel {
+
+namespace {
+
+const std::map<std::string, RetroVariable> Variables{{"unadjusted", RetroVariable::Unadjusted},
+                                                     {"adjusted", RetroVariable::AdjustedPoisson},
+                                                     {"freeman-tukey", RetroVariable::FreemanTukey},
+                                                     {"rossi", RetroVariable::Rossi}};
+
+} // namespace
+
+void RetroOptions::AddTo(CLI::App& command) {
+    command.add_option("--variable", Variable, "unadjusted, adjusted, freeman-tukey or rossi")
+        ->check(CLI::IsMember(Variables))
+        ->capture_default_str()
+        ->group("Test");
+    SigmaOption = command.add_option("--sigma", Sigma, "one bandwidth")->group("Test");
+    for (const auto& [name, text, help] : {std::tuple{"--from", &Range.From, "first bandwidth of a range"},
+                                           std::tuple{"--to", &Range.To, "last bandwidth of a range"},
+                                           std::tuple{"--step", &Range.Step, "step of a range"}})
+        command.add_option(name, *text, help)->capture_default_str()->excludes(SigmaOption)->group("Test");
+    command.add_option("--alpha", Alpha, "significance level, 0.05 or 0.01")
+        ->check(CLI::IsMember({"0.05", "0.01"}))
+        ->capture_default_str()
+        ->group("Test");
+
+    command.add_option("--lists", Lists, "the rows of both lists")->group("Output");
+    command.add_option("--report", Report, "the report file")->group("Output");
+    command.add_option("--map", Map, "the map (.png or .svg)")->group("Output");
+    command.add_option("--map-step", MapStep, "step of a range to map, counted from 1")->group("Output");
+    command.add_option("--chart", Chart, "the chart of a range (.png, .svg or .pdf)")->group("Output");
+    command.add_option("--json", Json, "every number")->group("Output");
+}
+
+RetroVariable RetroOptions::ChosenVariable() const {
+    return Variables.at(Variable);
+}
+
+void RetroOptions::Check() const {
+    RequirePictureEnding(Map, {".png", ".svg"});
+    RequirePictureEnding(Chart, {".png", ".svg", ".pdf"});
+    if (!Chart.empty() && !IsRange()) throw WrongUse("--chart goes with a range of bandwidths.");
+    if (MapStep != 0 && (!IsRange() || Map.empty()))
+        throw WrongUse("--map-step goes with --map and a range.");
+    if (!Map.empty() && IsRange() && MapStep < 1) throw WrongUse("--map of a range needs --map-step.");
+}
+
+} // namespace vastrel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "batch/Command.h"
+#include "retrospective/Bandwidth.h"
+#include "retrospective/RetroVariable.h"
+
+namespace vastrel {
+
+/// The options TEST and OUTPUT that the two retrospective commands share.
+struct RetroOptions {
+    std::string Variable = "unadjusted";
+    std::string Sigma;
+    SweepTexts Range{"0.2", "2.0", "0.2"};
+    std::string Alpha = "0.05";
+
+    std::string Lists, Report, Map, Chart, Json;
+    int MapStep = 0;
+
+    CLI::Option* SigmaOption = nullptr;
+
+    void AddTo(CLI::App& command);
+
+    bool IsRange() const { return SigmaOption->count() == 0; }
+    RetroVariable ChosenVariable() const;
+
+    /// What goes together and what does not; WrongUse otherwise.
+    void Check() const;
+};
+
+} // namespace vastrel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "batch/RetroOptions.h"
+#include "retrospective/RetroRules.h"
+
+#include <nlohmann/json.hpp>
+
+namespace vastrel {
+
+// What the two retrospective commands write alike, from the store.
+
+/// Keys of the dataset and of the last single run or sweep.
+nlohmann::ordered_json DatasetJson();
+void AddSingleJson(nlohmann::ordered_json& json, RetroVariable variable);
+void AddSweepJson(nlohmann::ordered_json& json);
+
+/// The classes of a single run: `classOf` is the ladder of the map, `legendText` the text of a class from 0.
+void AddLegendJson(nlohmann::ordered_json& json, RetroVariable variable, int (*classOf)(double),
+                   const std::vector<std::string>& legendTexts);
+
+/// The elements 1..n, or 0..n-1, of an array.
+nlohmann::ordered_json FromOne(const Array1<double>& values);
+nlohmann::ordered_json FromZero(const Array1<double>& values, std::ptrdiff_t count);
+
+std::string JsonText(const nlohmann::ordered_json& json);
+
+/// The rows of both lists with an empty line between them.
+std::string ListsText(const std::vector<std::string>& first, const std::vector<std::string>& second);
+
+} // namespace vastrel

@@ -1,0 +1,17 @@
+#include "batch/Command.h"
+#include "display/PlotSurface.h"
+#include "platform/Numbers.h"
+#include "platform/TextFile.h"
+
+namespace vastrel {
+
+SurfaceSize ParseSurface(const std::string& text) {
+    const auto fields = SplitAtCommas(text);
+    const bool numeric =
+        std::all_of(fields.begin(), fields.end(), [](const auto& field) { return IsNumeric(field); });
+    if (fields.size() != 4 || !numeric) throw WrongUse("--surface takes four numbers, W,H,SW,SH.");
+    const auto size = [&](size_t i) { return static_cast<float>(ToNumber(fields[i])); };
+    return {size(0), size(1), size(2), size(3)};
+}
+
+} // namespace vastrel

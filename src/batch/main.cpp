@@ -1,0 +1,65 @@
+#include "batch/Command.h"
+#include "batch/ConsolePlatform.h"
+#include "platform/RunTimeError.h"
+
+#include <algorithm>
+#include <iostream>
+#include <new>
+
+using namespace vastrel;
+
+namespace {
+
+constexpr AddCommand Commands[] = {AddRetrospectivePoints, AddPValue};
+
+/// The words of the command line in the order that the parser takes, last first. The words of p-value stand
+/// behind a "--", since they may begin with a minus sign.
+std::vector<std::string> Words(int argc, char** argv) {
+    std::vector<std::string> words(argv + 1, argv + argc);
+    const auto command = std::find(words.begin(), words.end(), PValueCommand);
+    if (words.end() - command > 1 && command[1].rfind("-", 0) != 0) words.insert(command + 1, "--");
+    std::reverse(words.begin(), words.end());
+    return words;
+}
+
+/// Runs the chosen command inside the one error boundary of the program.
+ExitStatus RunGuarded(ConsolePlatform& console, const RunCommand& run) {
+    try {
+        return run();
+    } catch (const WrongUse& wrong) {
+        std::cerr << wrong.what() << '\n';
+        return ExitStatus::WrongUse;
+    } catch (const RunTimeError& error) {
+        console.ReportRunTimeError(error);
+    } catch (const std::bad_alloc&) {
+        console.ReportRunTimeError(RunTimeError(OutOfMemory, "vastrel-batch", CustomaryText(OutOfMemory)));
+    }
+    return ExitStatus::RunTimeFailure;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    ConsolePlatform console;
+    SetPlatform(&console);
+
+    CLI::App program("Finds and watches spatial clusters in the counts of regions.", "vastrel-batch");
+    ProgramOptions options;
+    options.Console = &console;
+    RunCommand run;
+    program.set_version_flag("--version", "vastrel-batch " VASTREL_VERSION);
+    program.add_flag("--quiet", options.Quiet, "no progress on standard error");
+    program.require_subcommand(1);
+    program.fallthrough();
+    for (const auto add : Commands)
+        add(program, options, run);
+    for (auto* command : program.get_subcommands({}))
+        command->set_version_flag("--version", "vastrel-batch " VASTREL_VERSION);
+
+    try {
+        program.parse(Words(argc, argv));
+    } catch (const CLI::ParseError& error) {
+        return program.exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::WrongUse);
+    }
+    return static_cast<int>(RunGuarded(console, run));
+}

@@ -1,0 +1,26 @@
+#include "platform/Platform.h"
+
+#include "platform/RunTimeError.h"
+
+namespace vastrel {
+
+namespace {
+Platform* current = nullptr;
+}
+
+Platform& platform() {
+    if (current == nullptr) RaiseCustomary(ObjectNotSet, "platform");
+    return *current;
+}
+
+void SetPlatform(Platform* use) {
+    current = use;
+}
+
+void Warn(const std::string& text) {
+    Message message;
+    message.Text = text;
+    platform().ShowMessage(message);
+}
+
+} // namespace vastrel

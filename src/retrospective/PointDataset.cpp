@@ -1,0 +1,69 @@
+#include "retrospective/PointDataset.h"
+
+#include "platform/ArithmeticScope.h"
+#include "platform/Numbers.h"
+#include "platform/TextFile.h"
+#include "retrospective/PointExpected.h"
+#include "workspace/Workspace.h"
+
+namespace vastrel {
+
+namespace {
+
+constexpr size_t FieldCount = 5;
+
+double CountLines(const std::string& path) {
+    TextFile file(path);
+    double count = 0;
+    for (std::string line; file.NextLine(line);)
+        ++count;
+    return count;
+}
+
+void Allocate(std::ptrdiff_t n) {
+    ws.RegionCentroid.ReDim(n);
+    for (auto* counts : {&ws.PopBase, &ws.ObsCount, &ws.ExpCount, &ws.ExpRatio})
+        counts->ReDim(n);
+    ws.PlottedPoints.Clear();
+    ws.ScaleX = ws.ScaleY = 0;
+}
+
+void ReadRecords(const std::string& path, PointFormat format) {
+    auto& firstCount = format == PointFormat::ObsExp ? ws.ObsCount : ws.PopBase;
+    auto& secondCount = format == PointFormat::ObsExp ? ws.ExpCount : ws.ObsCount;
+    TextFile file(path);
+    std::string line;
+    for (std::ptrdiff_t i = 1; file.NextLine(line); ++i) {
+        const auto fields = SplitAtCommas(line);
+        const std::string place = file.Place();
+        const auto number = [&](size_t column) { return ToNumber(FieldAt(fields, column, place), place); };
+        auto& region = ws.RegionCentroid(i);
+        region.ID = FieldAt(fields, 0, place);
+        region.X = number(1);
+        region.Y = number(2);
+        firstCount(i) = number(3);
+        secondCount(i) = number(4);
+    }
+}
+
+void DeriveExpected(PointFormat format) {
+    const auto derive = format == PointFormat::ObsExp ? SharesOfExpected : ExpectedFromPopulation;
+    RunProcedure("LoadPointDataset", derive, [] {
+        ws.ExpRatio.SetZero();
+        ws.TotalObs = 0;
+    });
+}
+
+} // namespace
+
+bool LoadPointDataset(const std::string& path, PointFormat format) {
+    if (SplitAtCommas(TextFile(path).FirstLine()).size() != FieldCount) return false;
+    ws.NumTextRegion = CountLines(path);
+    Allocate(static_cast<std::ptrdiff_t>(ws.NumTextRegion));
+    if (format == PointFormat::None) return true;
+    ReadRecords(path, format);
+    DeriveExpected(format);
+    return true;
+}
+
+} // namespace vastrel

@@ -1,0 +1,25 @@
+#pragma once
+
+namespace vastrel {
+
+/// The variable of a retrospective test.
+enum class RetroVariable { Unadjusted, AdjustedPoisson, FreemanTukey, Rossi };
+
+/// The score variables map the score statistic U, the others the M statistic.
+constexpr bool MapsScore(RetroVariable variable) {
+    return variable == RetroVariable::Unadjusted || variable == RetroVariable::AdjustedPoisson;
+}
+
+/// All but the unadjusted variable show a maximum M and its critical value.
+constexpr bool HasM(RetroVariable variable) {
+    return variable != RetroVariable::Unadjusted;
+}
+
+/// Runs the procedures of a single bandwidth, CurrentSigma, for a variable.
+void RunSingleProcedures(RetroVariable variable);
+
+/// Runs the procedures of one step of a sweep. The adjusted variable takes its M statistic first here, last
+/// in a single run, so that the display arrays end with other values; it is meant so.
+void RunSweepProcedures(RetroVariable variable);
+
+} // namespace vastrel

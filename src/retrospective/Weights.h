@@ -1,0 +1,22 @@
+#pragma once
+
+namespace vastrel {
+
+/// The kernel matrices of the score statistic for CurrentSigma: WeightScore, ScoreGram, ScoreGramPlain,
+/// ScoreGramAdjusted, WeightUnadjusted and WeightAdjusted. Needs RegionCentroid, ExpCount and ExpRatio.
+///
+/// For a point dataset NumRegion and TotalShapeArea are taken first, from NumTextRegion and PointStudyArea.
+/// Run-time errors: 6 for more Regions than a 16-bit counter holds, 7 where the matrices would not fit in
+/// memory, and the arithmetic faults: a study area of 0 with a pair of Regions, an expected count or share of
+/// 0 or below. After an error the matrices stand at zero.
+void BuildScoreWeights();
+
+/// The row-normalised kernel of the M statistic, WeightM. Needs RegionCentroid; the first step and the errors
+/// are those of BuildScoreWeights, the expected counts apart.
+void BuildMWeights();
+
+/// The first step of both builders: NumRegion and TotalShapeArea of a point dataset. The values of a polygon
+/// dataset stay as the data input made them.
+void TakePointDataset();
+
+} // namespace vastrel

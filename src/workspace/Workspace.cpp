@@ -1,0 +1,7 @@
+#include "workspace/Workspace.h"
+
+namespace vastrel {
+
+Workspace ws;
+
+} // namespace vastrel

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "workspace/Arrays.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vastrel {
+
+/// The location of a Region: the centroid of a polygon, or a point of a text file.
+struct RegionPoint {
+    std::string ID;
+    double X = 0;
+    double Y = 0;
+    bool operator==(const RegionPoint&) const = default;
+};
+
+/// A plot position, rounded to whole plot units.
+struct PlotPoint {
+    std::int32_t X = 0;
+    std::int32_t Y = 0;
+    bool operator==(const PlotPoint&) const = default;
+};
+
+/// The one store of the open dataset and of the results of the tests. Arrays count the Regions from 1 in file
+/// order and are re-dimensioned whole. There is one instance, `ws`, for the life of the process: the dialogs
+/// fill it, the procedures read it and add their results, maps and lists read those.
+struct Workspace {
+    // ---- Where the dataset comes from
+    bool bShapefileData = false; // a shapefile was opened last
+    bool bTextfileData = false;  // a text entry was chosen last
+
+    // ---- Size of the dataset
+    std::int32_t NumRegion = 0; // of a point dataset only after a test was run
+    double NumTextRegion = 0;   // lines of the point text file
+
+    // ---- Geometry
+    Array1<RegionPoint> RegionCentroid;
+    double TotalShapeArea = 0;
+
+    // ---- Counts
+    Array1<double> PopBase;  // population; stays zero where expected counts were given
+    Array1<double> ObsCount; // observed counts, or cases
+    Array1<double> ExpCount;
+    Array1<double> ExpRatio; // each Region's expected share
+    double TotalPop = 0;     // shapefiles with populations only
+    double TotalObs = 0;
+
+    // ---- Identifiers of a polygon dataset
+    Array1<std::string> PrimaryIDs;
+    Array1<std::string> SecondaryIDs;
+    bool bUseSecondaryID = false;
+
+    // ---- Coupling of the screens
+    bool bRetroMapping = false; // the map shows retrospective results
+    bool bCusumMapping = false; // the map shows cusum results
+    double AlphaLevel = 0;      // 0.05 or 0.01
+
+    // ---- Point map
+    Array1<PlotPoint>
+        PlottedPoints; // positions at the last drawing; the hull of the study area reorders them
+    double ScaleX = 0; // plot units per map unit
+    double ScaleY = 0;
+
+    // ---- Kernel matrices of the last bandwidth
+    double CurrentSigma = 0;
+    Table<double> WeightM;           // 0..N, used 1..N: row-normalised kernel
+    Table<double> WeightScore;       // 0..N, used 1..N: the same for the score statistic
+    Table<double> ScoreGram;         // 0..N, used 1..N: WeightScore transposed times WeightScore
+    Table<double> ScoreGramPlain;    // 0..N-1: ScoreGram
+    Table<double> ScoreGramAdjusted; // 0..N-1: ScoreGram scaled by the expected shares
+    Table<double> WeightUnadjusted;  // 0..N, used 1..N: WeightScore
+    Table<double> WeightAdjusted;    // 0..N, used 1..N: columns scaled by the expected counts
+
+    // ---- Score statistic
+    Array1<double> LocalU, LocalZ;
+    Array1<double> LocalUAdjusted, LocalZAdjusted;
+    double GlobalU = 0;
+    double GlobalUAdjusted = 0;
+    double ScoreMean = 0;
+    double ScoreVar = 0;
+    double ScoreDF = 0;  // real, never rounded
+    double ScoreZ = 0;   // normal approximation
+    double ScoreChi = 0; // chi-squared approximation
+    Array1<double> MapClassScore, MapDrawScore;
+
+    // ---- M statistic
+    Array1<double> DevPearson, DevFreemanTukey, DevRossi;
+    Array1<double> LocalM, LocalMSorted;
+    Array1<double> MapDrawM, MapClassM;
+
+    // ---- What the map keeps for redraws; the legend sorts the first
+    Array1<double> DisplayClassValues, DisplayDrawValues;
+
+    // ---- Sweep over bandwidths: step k in element k, from 0
+    std::int16_t BandwidthCount = 0;
+    double SigmaTo = 0;
+    Array1<double> BandwidthList;
+    Array1<double> SweepStat, SweepChi, SweepChiCritical, SweepDF, SweepPValue, SweepMaxM, SweepMCritical;
+    Table<double> StatisticTable; // (Region, step)
+    Table<double> ChartData;      // (step, 0 statistic or 1 critical value)
+    std::vector<std::string> ChartLabels;
+
+    // ---- Legend of the statistic map
+    Array1<double> LegendLimits; // 0..6: limits in force
+    Array1<double> LegendWork;   // 0..6: limits as built; elements 0 and 6 stay 0
+    Array1<double> LegendColors; // 0..6: colours of classes 1 to 6
+    double LegendMin = 0;
+    double LegendMax = 0;
+};
+
+extern Workspace ws;
+
+} // namespace vastrel
