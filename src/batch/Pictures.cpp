@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #if VASTREL_PICTURES
+#include "display/qt/ChartFile.h"
 #include "display/qt/PictureFiles.h"
 #endif
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "display/ChartPicture.h"
 #include "display/PlotSurface.h"
 
 #include <functional>
@@ -16,14 +17,7 @@ void RequirePictureEnding(const std::string& path, const std::vector<std::string
 std::string DrawPicture(const std::string& path, const SurfaceSize& size, int enlarged,
                         const std::function<void(PlotSurface&)>& draw);
 
-/// A chart of two series over labelled rows, as in the store: (row, 0 or 1).
-struct ChartPicture {
-    Table<double> Data;
-    std::vector<std::string> RowLabels;
-    std::string SeriesNames[2];
-    std::string AxisTitle;
-};
-
+/// The bytes of a chart's file, in the format of the path's ending.
 std::string DrawChart(const std::string& path, const ChartPicture& chart);
 
 } // namespace vastrel

@@ -24,8 +24,13 @@ void Allocate(std::ptrdiff_t n) {
     ws.RegionCentroid.ReDim(n);
     for (auto* counts : {&ws.PopBase, &ws.ObsCount, &ws.ExpCount, &ws.ExpRatio})
         counts->ReDim(n);
+    // What belongs to the points of an earlier dataset must not be drawn or measured with these.
     ws.PlottedPoints.Clear();
     ws.ScaleX = ws.ScaleY = 0;
+    for (auto* values : {&ws.MapClassScore, &ws.MapDrawScore, &ws.MapClassM, &ws.MapDrawM,
+                         &ws.DisplayClassValues, &ws.DisplayDrawValues})
+        values->Clear();
+    ws.StatisticTable.Clear();
 }
 
 void ReadRecords(const std::string& path, PointFormat format) {

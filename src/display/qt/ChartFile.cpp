@@ -1,0 +1,20 @@
+#include "display/qt/ChartFile.h"
+
+#include "display/qt/LineChart.h"
+
+namespace vastrel {
+
+std::string ChartFile(const std::string& format, const ChartPicture& chart) {
+    constexpr int width = 720;
+    constexpr int height = 420;
+    LineChart picture;
+    picture.resize(width, height);
+    picture.SetData(chart.Data);
+    for (size_t row = 0; row < chart.RowLabels.size(); ++row)
+        picture.SetRowLabel(static_cast<int>(row + 1), chart.RowLabels[row]);
+    picture.SetSeriesNames(chart.SeriesNames[0], chart.SeriesNames[1]);
+    picture.SetAxisTitle(chart.AxisTitle);
+    return picture.PictureBytes(format, width, height);
+}
+
+} // namespace vastrel

@@ -1,0 +1,73 @@
+#include "display/qt/PaintedSurface.h"
+
+#include <QFontDatabase>
+
+namespace vastrel {
+
+QColor ToQColor(Colour colour) {
+    return {static_cast<int>(colour & 0xFF), static_cast<int>((colour >> 8) & 0xFF),
+            static_cast<int>((colour >> 16) & 0xFF)};
+}
+
+QFont PaintedSurface::LegendFont() {
+    QFont font(QFontDatabase::families().contains("Arial Narrow") ? "Arial Narrow"
+                                                                  : "Liberation Sans Narrow");
+    font.setStyleHint(QFont::SansSerif);
+    font.setStretch(QFontDatabase::families().contains(font.family()) ? QFont::Unstretched
+                                                                      : QFont::Condensed);
+    font.setPixelSize(11); // size 8 at 96 dots to the inch
+    return font;
+}
+
+QPen PaintedSurface::PenOf(Colour colour) const {
+    QPen pen(ToQColor(colour), lineWidth_);
+    pen.setJoinStyle(Qt::MiterJoin);
+    return pen;
+}
+
+QBrush PaintedSurface::Brush() const {
+    return style_ == FillStyle::Solid ? QBrush(ToQColor(fill_)) : QBrush(Qt::NoBrush);
+}
+
+void PaintedSurface::Erase() {
+    const SurfaceSize size = Size();
+    Painter().fillRect(QRectF(0, 0, size.ScaleWidth, size.ScaleHeight), Qt::white);
+}
+
+void PaintedSurface::Polygon(const std::vector<PlotPoint>& corners) {
+    QPolygonF ring;
+    ring.reserve(static_cast<qsizetype>(corners.size()));
+    for (const PlotPoint& corner : corners)
+        ring << QPointF(corner.X + 0.5, corner.Y + 0.5); // the centre of the pixel
+    QPainter& painter = Painter();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(PenOf(pen_));
+    painter.setBrush(Brush());
+    painter.drawPolygon(ring, Qt::OddEvenFill);
+}
+
+void PaintedSurface::Circle(double x, double y, double radius, Colour colour) {
+    QPainter& painter = Painter();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(PenOf(colour));
+    painter.setBrush(Brush());
+    painter.drawEllipse(QPointF(x + 0.5, y + 0.5), radius, radius);
+}
+
+void PaintedSurface::Point(double x, double y, Colour colour) {
+    QPainter& painter = Painter();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    QPen pen = PenOf(colour);
+    pen.setCapStyle(Qt::RoundCap);
+    painter.setPen(pen);
+    painter.drawPoint(QPointF(x + 0.5, y + 0.5));
+}
+
+void PaintedSurface::Text(double x, double y, const std::string& text) {
+    QPainter& painter = Painter();
+    painter.setFont(LegendFont());
+    painter.setPen(Qt::black);
+    painter.drawText(QPointF(x, y + painter.fontMetrics().ascent()), QString::fromStdString(text));
+}
+
+} // namespace vastrel

@@ -1,0 +1,89 @@
+#include "frontend/screens/MDIFrmMain.h"
+
+#include "frontend/screens/frmAbout.h"
+#include "platform/Platform.h"
+#include "platform/qt/ErrorBoundary.h"
+#include "platform/qt/Screens.h"
+#include "retrospective/screens/frmCalculatePValue.h"
+#include "retrospective/screens/frmClusterDetectionTextfile.h"
+#include "ui_MDIFrmMain.h"
+#include "workspace/Workspace.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+
+/// Resources of a static library have to be asked for, from outside every namespace.
+static void UseResources() {
+    Q_INIT_RESOURCE(vastrel);
+}
+
+namespace vastrel {
+
+MDIFrmMain::MDIFrmMain() : ui_(std::make_unique<Ui::MDIFrmMain>()) {
+    ui_->setupUi(this);
+    UseResources();
+    setWindowIcon(QIcon(":/vastrel.svg"));
+    screens().UseFrame({ui_->mdiArea, this, [this] { ShowFrame(); }});
+    ConnectMenu();
+}
+
+MDIFrmMain::~MDIFrmMain() = default;
+
+void MDIFrmMain::ConnectMenu() {
+    const auto command = [this](QAction* entry, std::function<void()> handler) {
+        OnEvent(entry, &QAction::triggered, this, std::move(handler));
+    };
+    command(ui_->mnuExit, [] { platform().EndProcess(0); });
+    command(ui_->mnuOpenTextRetro, [this] { mnuOpenTextRetro_Click(); });
+    command(ui_->mnuGetPValue, [] { The<frmCalculatePValue>().Show(); });
+    command(ui_->mnuManual, [this] { mnuManual_Click(); });
+    command(ui_->mnuAbout, [] { The<frmAbout>().Show(); });
+}
+
+void MDIFrmMain::MDIFrmMain_Load() {
+    for (auto* entry : {ui_->mnuAttTable, ui_->mnuGetCentroid, ui_->mnuExport})
+        entry->setEnabled(false);
+}
+
+void MDIFrmMain::ShowFrame() {
+    if (!loaded_) {
+        loaded_ = true;
+        MDIFrmMain_Load();
+    }
+    if (isVisible()) return;
+    const QSize desktop = screen()->availableSize();
+    if (desktop.width() < width() || desktop.height() < height())
+        showMaximized();
+    else
+        show();
+}
+
+void MDIFrmMain::Unload() {
+    if (!loaded_) return;
+    screens().UnloadChildren();
+    loaded_ = false;
+}
+
+QAction* MDIFrmMain::Entry(const char* name) const {
+    return findChild<QAction*>(name);
+}
+
+void MDIFrmMain::closeEvent(QCloseEvent* event) {
+    event->accept();
+    InBoundary([this] { Unload(); });
+    platform().EndProcess(0);
+}
+
+void MDIFrmMain::mnuOpenTextRetro_Click() {
+    ws.bShapefileData = false;
+    ws.bTextfileData = true;
+    Unload();
+    The<frmClusterDetectionTextfile>().Show(); // brings the frame back, as at the start
+}
+
+void MDIFrmMain::mnuManual_Click() {
+    platform().ShowMessage({"See the manual (UserManual.pdf) coming together with Vastrel! ", "Manual Info.",
+                            Message::Icon::Information});
+}
+
+} // namespace vastrel

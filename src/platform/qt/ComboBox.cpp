@@ -1,0 +1,21 @@
+#include "platform/qt/ComboBox.h"
+
+#include "platform/qt/ErrorBoundary.h"
+
+namespace vastrel {
+
+ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        shown_ = index;
+        if (Click) InBoundary(Click);
+    });
+}
+
+void ComboBox::SetListIndex(int index) {
+    if (index < 0 || index >= count()) return;
+    shown_ = index;
+    setCurrentIndex(index);
+    if (Click) Click();
+}
+
+} // namespace vastrel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <functional>
+#include <string>
+
+namespace vastrel {
+
+/// A combo box that only offers its entries; its text may be empty. Picking an entry fires Click, also the
+/// entry that is shown already.
+class ComboBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit ComboBox(QWidget* parent = nullptr);
+
+    std::function<void()> Click;
+
+    void AddItem(const std::string& text) {
+        addItem(QString::fromStdString(text));
+        setCurrentIndex(shown_);
+    }
+    void Clear() {
+        clear();
+        shown_ = -1;
+    }
+    int ListCount() const { return count(); }
+    int ListIndex() const { return currentIndex(); }
+    std::string Text() const { return currentText().toStdString(); }
+    void EmptyText() {
+        shown_ = -1;
+        setCurrentIndex(-1);
+    }
+
+    /// Picks an entry as the user does; Click runs in the caller's error boundary.
+    void SetListIndex(int index);
+
+private:
+    int shown_ = -1; // adding the first entry would select it otherwise
+};
+
+} // namespace vastrel

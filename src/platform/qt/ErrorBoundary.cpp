@@ -1,0 +1,23 @@
+#include "platform/qt/ErrorBoundary.h"
+
+#include "platform/Platform.h"
+#include "platform/RunTimeError.h"
+
+#include <exception>
+#include <new>
+
+namespace vastrel {
+
+void InBoundary(const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const RunTimeError& error) {
+        platform().ReportRunTimeError(error);
+    } catch (const std::bad_alloc&) {
+        platform().ReportRunTimeError(RunTimeError(OutOfMemory, "", CustomaryText(OutOfMemory)));
+    } catch (const std::exception& error) {
+        platform().ReportRunTimeError(RunTimeError(InvalidProcedureCall, "", error.what()));
+    }
+}
+
+} // namespace vastrel

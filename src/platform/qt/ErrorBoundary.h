@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+#include <utility>
+
+namespace vastrel {
+
+/// Runs the handler of an event that comes from the event loop. What leaves it is shown as a run-time error
+/// report, and the loop goes on with the state and the pointer as they stood: exceptions never cross Qt.
+///
+/// An event that code fires (a Click from a selection, a Load, an Unload) opens no boundary: its fault stops
+/// the whole command.
+void InBoundary(const std::function<void()>& handler);
+
+/// Connects a signal of the toolkit to a handler inside the boundary; arguments of the signal are dropped.
+template <typename Sender, typename Signal>
+void OnEvent(Sender* sender, Signal signal, QObject* context, std::function<void()> handler) {
+    QObject::connect(sender, signal, context, [handler = std::move(handler)] { InBoundary(handler); });
+}
+
+} // namespace vastrel

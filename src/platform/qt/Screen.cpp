@@ -1,0 +1,101 @@
+#include "platform/qt/Screen.h"
+
+#include "platform/qt/ErrorBoundary.h"
+#include "platform/qt/Screens.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+namespace vastrel {
+
+Screen::Screen(Kind kind) : kind_(kind) {
+    screens().Enlist(this);
+}
+
+void Screen::TakeDesign() {
+    design_.Capture(this);
+}
+
+void Screen::Load() {
+    if (loaded_) return;
+    loaded_ = true;
+    design_.Restore();
+    screens().Admit(this);
+    Form_Load();
+}
+
+void Screen::Unload() {
+    if (!loaded_) return;
+    loaded_ = false;
+    ++generation_;
+    std::exception_ptr fault;
+    try {
+        Form_Unload();
+    } catch (...) {
+        fault = std::current_exception();
+    }
+    Frame()->hide();
+    emit screens().Unloaded(this);
+    if (fault) std::rethrow_exception(fault);
+}
+
+void Screen::Show() {
+    Load();
+    QWidget* frame = Frame();
+    show();
+    frame->show();
+    frame->raise();
+    if (auto* child = qobject_cast<QMdiSubWindow*>(frame))
+        screens().Activate(child);
+    else
+        frame->activateWindow();
+}
+
+void Screen::ShowModal() {
+    setWindowModality(Qt::ApplicationModal);
+    Show();
+    QEventLoop loop;
+    connect(&screens(), &Screens::Unloaded, &loop, [&](Screen* screen) {
+        if (screen == this) loop.quit();
+    });
+    if (loaded_) loop.exec();
+    setWindowModality(Qt::NonModal);
+}
+
+QWidget* Screen::Frame() {
+    auto* child = qobject_cast<QMdiSubWindow*>(parentWidget());
+    return child != nullptr ? static_cast<QWidget*>(child) : this;
+}
+
+void Screen::PlaceInFrame(double leftDivisor, double topDivisor) {
+    QWidget* frame = Frame();
+    frame->adjustSize();
+    const QSize room = screens().FrameSize();
+    const QSize rest = room - frame->size();
+    QPoint at(static_cast<int>(rest.width() / leftDivisor), static_cast<int>(rest.height() / topDivisor));
+    if (kind_ == Kind::Window) at += screens().FramePosition();
+    frame->move(std::max(0, at.x()), std::max(0, at.y()));
+}
+
+void Screen::closeEvent(QCloseEvent* event) {
+    event->accept();
+    InBoundary([this] { Unload(); });
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && kind_ == Kind::Window) {
+        close();
+        return;
+    }
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        for (auto* button : findChildren<QPushButton*>()) {
+            if (button->isDefault() && button->isEnabled()) return button->click();
+        }
+    }
+    QWidget::keyPressEvent(event);
+}
+
+} // namespace vastrel

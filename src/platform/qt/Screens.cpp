@@ -1,0 +1,42 @@
+#include "platform/qt/Screens.h"
+
+#include "platform/qt/Screen.h"
+
+#include <QMdiArea>
+
+namespace vastrel {
+
+Screens& screens() {
+    static Screens all;
+    return all;
+}
+
+void Screens::Admit(Screen* screen) {
+    if (screen->ScreenKind() != Screen::Kind::Child || frame_.Area == nullptr) return;
+    frame_.Show();
+    if (qobject_cast<QMdiSubWindow*>(screen->parentWidget()) != nullptr) return;
+    QMdiSubWindow* window = frame_.Area->addSubWindow(screen);
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    window->setWindowIcon(frame_.Window->windowIcon());
+    window->move(0, 0);
+    window->hide();
+}
+
+void Screens::Activate(QMdiSubWindow* child) {
+    if (frame_.Area != nullptr) frame_.Area->setActiveSubWindow(child);
+}
+
+void Screens::UnloadChildren() {
+    for (Screen* screen : all_)
+        if (screen->ScreenKind() == Screen::Kind::Child) screen->Unload();
+}
+
+QSize Screens::FrameSize() const {
+    return frame_.Area != nullptr ? frame_.Area->size() : QSize();
+}
+
+QPoint Screens::FramePosition() const {
+    return frame_.Area != nullptr ? frame_.Area->mapToGlobal(QPoint(0, 0)) : QPoint();
+}
+
+} // namespace vastrel

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QMdiSubWindow>
+#include <QObject>
+#include <QPoint>
+#include <QSize>
+
+#include <functional>
+#include <vector>
+
+class QMdiArea;
+
+namespace vastrel {
+
+class Screen;
+
+/// All screens of the process, and the frame that holds the child screens.
+class Screens : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the main frame gives: its area for child screens, and how it comes to stand.
+    struct MainFrame {
+        QMdiArea* Area = nullptr;
+        QWidget* Window = nullptr;
+        std::function<void()> Show; // loads the frame where it is not loaded
+    };
+
+    void UseFrame(const MainFrame& frame) { frame_ = frame; }
+
+    void Enlist(Screen* screen) { all_.push_back(screen); }
+
+    /// Makes a child screen a sub-window of the frame, and brings the frame back where it is gone.
+    void Admit(Screen* screen);
+    void Activate(QMdiSubWindow* child);
+
+    void UnloadChildren();
+
+    QSize FrameSize() const;
+    QPoint FramePosition() const;
+
+signals:
+    void Unloaded(Screen* screen);
+
+private:
+    MainFrame frame_;
+    std::vector<Screen*> all_;
+};
+
+Screens& screens();
+
+/// The one object of a form, made at its first use and kept until the process ends.
+template <typename Form>
+Form& The() {
+    static Form* const form = new Form;
+    return *form;
+}
+
+} // namespace vastrel

@@ -1,0 +1,77 @@
+#include "support/screens/ScreenTest.h"
+
+#include "platform/qt/OptionButton.h"
+#include "workspace/Workspace.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QTest>
+
+namespace vastrel {
+
+namespace {
+
+/// One frame serves all tests of the process: the forms keep to the frame that they were shown in first.
+MDIFrmMain& SharedFrame() {
+    static auto* const frame = new MDIFrmMain;
+    return *frame;
+}
+
+} // namespace
+
+ScreenTest::ScreenTest() : Frame(SharedFrame()) {
+    ws = Workspace{};
+    Frame.ShowFrame();
+    Frame.showNormal(); // the offscreen desktop is smaller than the frame
+    Frame.resize(1280, 860);
+}
+
+ScreenTest::~ScreenTest() {
+    Frame.Unload();
+}
+
+void ScreenTest::Press(QWidget& screen, const char* button) {
+    auto* control = The_<QAbstractButton>(screen, button);
+    ASSERT_TRUE(control->isEnabled()) << button;
+    if (auto* option = qobject_cast<OptionButton*>(control))
+        option->click();
+    else
+        QTest::mouseClick(control, Qt::LeftButton);
+}
+
+void ScreenTest::Type(QWidget& screen, const char* edit, const std::string& text) {
+    The_<QLineEdit>(screen, edit)->setText(QString::fromStdString(text));
+}
+
+bool ScreenTest::IsEnabled(QWidget& screen, const char* control) {
+    return The_<QWidget>(screen, control)->isEnabled();
+}
+
+bool ScreenTest::IsShown(QWidget& screen, const char* control) {
+    return !The_<QWidget>(screen, control)->isHidden();
+}
+
+void ScreenTest::Command(const char* entry) {
+    ASSERT_TRUE(Frame.Entry(entry)->isEnabled()) << entry;
+    Frame.Entry(entry)->trigger();
+}
+
+void ScreenTest::Shot(QWidget& widget, const std::string& name) {
+    const QString folder = qEnvironmentVariable("VASTREL_SHOTS");
+    if (folder.isEmpty()) return;
+    QApplication::processEvents();
+    widget.grab().save(folder + "/" + QString::fromStdString(name) + ".png");
+}
+
+} // namespace vastrel
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
