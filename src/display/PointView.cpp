@@ -9,9 +9,13 @@ namespace vastrel {
 
 void ComputePointView(PointView& view, const SurfaceSize& surface, const Array1<double>& x,
                       const Array1<double>& y) {
+    const PointView before = view;
     RunProcedure(
         "ComputePointView", [&] { FitPointView(view, surface, x, y); },
-        [&] { view.ViewWidth = view.ViewHeight = 0; });
+        [&] {
+            view = before;
+            view.ViewWidth = view.ViewHeight = 0;
+        });
     if (!view.IsValid()) return;
     ws.ScaleX = view.ScaleX;
     ws.ScaleY = view.ScaleY;
@@ -35,7 +39,9 @@ void PlotAllPoints(PointView& view, const SurfaceSize& surface, const Array1<dou
 
 std::ptrdiff_t NearestPoint(const PointView& view, double plotX, double plotY, const Array1<double>& x,
                             const Array1<double>& y) {
-    auto distances = DistancesTo(view, plotX, plotY, x, y);
+    Array1<KeyedValue> distances;
+    RunProcedure(
+        "NearestPoint", [&] { distances = DistancesTo(view, plotX, plotY, x, y); }, [] {});
     SortBySecondField(distances);
     return static_cast<std::ptrdiff_t>(distances(1).First);
 }

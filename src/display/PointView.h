@@ -32,7 +32,8 @@ struct PointPosition {
 
 /// Recomputes the view for points x, y (1..n). A single point, points in one line along an axis, or none:
 /// the scales keep their old values and IsValid() is false. Otherwise the scales also go to the store.
-/// Run-time error 6 for coordinates whose range overflows.
+/// Run-time error 6 for coordinates whose range overflows, 5 for a surface of no width; the view is refused
+/// then as well.
 void ComputePointView(PointView& view, const SurfaceSize& surface, const Array1<double>& x,
                       const Array1<double>& y);
 

@@ -87,11 +87,11 @@ std::string GeneralText(double value) {
 
 std::string ShortestFloatText(float value) {
     if (value == 0) return "0";
-    char text[80];
-    const float size = std::fabs(value);
-    const auto form =
-        size >= 1e-4F && size < 1e15F ? std::chars_format::fixed : std::chars_format::scientific;
-    return UpperExponent(text, std::to_chars(text, text + sizeof text, value, form).ptr);
+    char text[40];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
+    double digits = 0; // nine at the most, so that the text of the double has no others
+    std::from_chars(text, end, digits);
+    return GeneralText(digits);
 }
 
 namespace {
@@ -179,7 +179,7 @@ std::int16_t RoundToInt16(double value) {
 }
 
 int Counter16(double n) {
-    if (n > std::numeric_limits<std::int16_t>::max())
+    if (!(n <= std::numeric_limits<std::int16_t>::max()))
         RaiseCustomary(Overflow, "Counter16",
                        GeneralText(n) + " is more than a 16-bit counter holds (32767).");
     return static_cast<int>(n);

@@ -83,12 +83,15 @@ std::string TextFile::Place() const {
     return "line " + std::to_string(lineNumber_) + " of " + FileName(path_);
 }
 
-std::vector<std::string> SplitAtCommas(std::string_view line) {
+std::vector<std::string> SplitAtCommas(std::string_view line, size_t most) {
     std::vector<std::string> fields;
     if (line.empty()) return fields;
-    for (size_t comma; (comma = line.find(',')) != std::string_view::npos; line.remove_prefix(comma + 1))
+    while (fields.size() < most) {
+        const size_t comma = line.find(',');
         fields.emplace_back(line.substr(0, comma));
-    fields.emplace_back(line);
+        if (comma == std::string_view::npos) break;
+        line.remove_prefix(comma + 1);
+    }
     return fields;
 }
 

@@ -45,8 +45,8 @@ private:
 };
 
 /// The fields of a line between commas. An empty line has no field at all; a comma at the end of a line adds
-/// an empty one.
-std::vector<std::string> SplitAtCommas(std::string_view line);
+/// an empty one. No more than `most` fields are taken, so that a line of nothing but commas stays small.
+std::vector<std::string> SplitAtCommas(std::string_view line, size_t most = static_cast<size_t>(-1));
 
 /// Field `index` (from 0) of a line; run-time error 9 naming the place where the line has fewer fields.
 const std::string& FieldAt(const std::vector<std::string>& fields, size_t index, const std::string& place);

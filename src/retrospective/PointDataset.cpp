@@ -1,6 +1,7 @@
 #include "retrospective/PointDataset.h"
 
 #include "platform/ArithmeticScope.h"
+#include "platform/Memory.h"
 #include "platform/Numbers.h"
 #include "platform/TextFile.h"
 #include "retrospective/PointExpected.h"
@@ -12,15 +13,18 @@ namespace {
 
 constexpr size_t FieldCount = 5;
 
-double CountLines(const std::string& path) {
+std::ptrdiff_t CountLines(const std::string& path) {
     TextFile file(path);
-    double count = 0;
+    std::ptrdiff_t count = 0;
     for (std::string line; file.NextLine(line);)
         ++count;
     return count;
 }
 
 void Allocate(std::ptrdiff_t n) {
+    constexpr double bytesOfRegion = sizeof(RegionPoint) + 4 * sizeof(double);
+    RequireMemory(static_cast<double>(n + 1) * bytesOfRegion, "LoadPointDataset");
+    ws.NumTextRegion = static_cast<double>(n);
     ws.RegionCentroid.ReDim(n);
     for (auto* counts : {&ws.PopBase, &ws.ObsCount, &ws.ExpCount, &ws.ExpRatio})
         counts->ReDim(n);
@@ -39,7 +43,7 @@ void ReadRecords(const std::string& path, PointFormat format) {
     TextFile file(path);
     std::string line;
     for (std::ptrdiff_t i = 1; file.NextLine(line); ++i) {
-        const auto fields = SplitAtCommas(line);
+        const auto fields = SplitAtCommas(line, FieldCount);
         const std::string place = file.Place();
         const auto number = [&](size_t column) { return ToNumber(FieldAt(fields, column, place), place); };
         auto& region = ws.RegionCentroid(i);
@@ -53,7 +57,8 @@ void ReadRecords(const std::string& path, PointFormat format) {
 
 void DeriveExpected(PointFormat format) {
     const auto derive = format == PointFormat::ObsExp ? SharesOfExpected : ExpectedFromPopulation;
-    RunProcedure("LoadPointDataset", derive, [] {
+    RunProcedure("LoadPointDataset", derive, [format] {
+        if (format == PointFormat::PopCase) ws.ExpCount.SetZero(); // derived there, read otherwise
         ws.ExpRatio.SetZero();
         ws.TotalObs = 0;
     });
@@ -62,9 +67,8 @@ void DeriveExpected(PointFormat format) {
 } // namespace
 
 bool LoadPointDataset(const std::string& path, PointFormat format) {
-    if (SplitAtCommas(TextFile(path).FirstLine()).size() != FieldCount) return false;
-    ws.NumTextRegion = CountLines(path);
-    Allocate(static_cast<std::ptrdiff_t>(ws.NumTextRegion));
+    if (SplitAtCommas(TextFile(path).FirstLine(), FieldCount + 1).size() != FieldCount) return false;
+    Allocate(CountLines(path));
     if (format == PointFormat::None) return true;
     ReadRecords(path, format);
     DeriveExpected(format);

@@ -23,8 +23,9 @@ constexpr const char* WrongPointFormat =
 ///
 /// Only the field count of the first line is checked: false, and nothing has changed, where it is not five.
 /// Run-time errors: those of TextFile; 62 an empty file; 9 a later line with too few fields; 13 a field that
-/// is no number, 6 a number too large; 11 counts (ObsExp) or populations (PopCase) that sum to zero. A load
-/// that stops half way leaves what it had filled.
+/// is no number, 6 a number too large; 7 more lines than memory holds, and nothing has changed; 11 counts
+/// (ObsExp) or populations (PopCase) that sum to zero, 5 where zero is to be divided by that zero. A load
+/// that stops half way leaves what it had filled; what was to be derived stands at zero.
 bool LoadPointDataset(const std::string& path, PointFormat format);
 
 } // namespace vastrel

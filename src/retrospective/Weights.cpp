@@ -15,6 +15,7 @@ namespace vastrel {
 void TakePointDataset() {
     if (!ws.bTextfileData || ws.bShapefileData) return;
     ws.NumRegion = RoundToInt32(ws.NumTextRegion);
+    ws.TotalShapeArea = 0;
     ws.TotalShapeArea = PointStudyArea();
 }
 
@@ -46,11 +47,11 @@ void ComputeScoreWeights(std::ptrdiff_t n) {
 } // namespace
 
 void BuildScoreWeights() {
-    TakePointDataset();
     constexpr int tables = 11; // six here, and five that the moments need beside them
     for (auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.ScoreGramPlain, &ws.ScoreGramAdjusted,
                         &ws.WeightUnadjusted, &ws.WeightAdjusted})
         table->Clear();
+    TakePointDataset();
     const std::ptrdiff_t n = CheckedSize(tables, "BuildScoreWeights");
     for (auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.WeightUnadjusted, &ws.WeightAdjusted})
         table->ReDim(n, n);
@@ -67,8 +68,8 @@ void BuildScoreWeights() {
 }
 
 void BuildMWeights() {
-    TakePointDataset();
     ws.WeightM.Clear();
+    TakePointDataset();
     const std::ptrdiff_t n = CheckedSize(1, "BuildMWeights");
     ws.WeightM.ReDim(n, n);
     if (n == 0) return;

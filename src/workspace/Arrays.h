@@ -29,6 +29,12 @@ struct AlignedAllocator {
     bool operator==(const AlignedAllocator&) const { return true; }
 };
 
+/// Run-time error 9 for an upper bound below -1, which stands for no element at all.
+inline void RequireBound(std::ptrdiff_t n) {
+    if (n < -1)
+        RaiseCustomary(SubscriptOutOfRange, "ReDim", "An array of " + std::to_string(n) + " elements.");
+}
+
 /// An array whose legal indices are 0 to n. What follows the Regions counts from 1; element 0 starts at zero.
 /// It is re-dimensioned whole, never grown. An array that was never dimensioned has no legal index.
 template <typename T>
@@ -38,7 +44,10 @@ public:
     explicit Array1(std::ptrdiff_t n) { ReDim(n); }
 
     /// Drops the contents; the new elements are zero.
-    void ReDim(std::ptrdiff_t n) { values_.assign(static_cast<size_t>(n + 1), T{}); }
+    void ReDim(std::ptrdiff_t n) {
+        RequireBound(n);
+        values_.assign(static_cast<size_t>(n + 1), T{});
+    }
     void Clear() { values_.clear(); }
     void SetZero() { std::fill(values_.begin(), values_.end(), T{}); }
 
@@ -79,7 +88,10 @@ public:
 
     /// Drops the contents; the new elements are zero.
     void ReDim(std::ptrdiff_t n, std::ptrdiff_t m) {
+        RequireBound(n);
+        RequireBound(m);
         values_.clear();
+        rows_ = columns_ = 0; // where the memory is refused there is no table
         values_.assign(static_cast<size_t>(n + 1) * static_cast<size_t>(m + 1), T{});
         rows_ = n + 1;
         columns_ = m + 1;
