@@ -43,7 +43,7 @@ frmClusterDetectionTextfile::frmClusterDetectionTextfile()
     ui_->setupUi(this);
     const SurfaceSize map = RetroPointSurface();
     ui_->picPoint->FixSize(map.Width, map.Height);
-    ui_->picLegend->FixSize(2850, 2250);
+    ui_->picLegend->FixSize(2550, 2250);
     ui_->imgM_Legend->setGeometry(0, 0, ui_->picLegend->width(), ui_->picLegend->height());
     ui_->lblStatsLine->setText(KeyLine("#008000", "&#9473;&#9473;"));
     ui_->lblCriticalStatsLine->setText(KeyLine("#d20000", "&#9473; &#9473;"));
