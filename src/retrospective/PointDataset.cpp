@@ -4,6 +4,7 @@
 #include "platform/Numbers.h"
 #include "platform/TextFile.h"
 #include "retrospective/PointExpected.h"
+#include "retrospective/StudyArea.h"
 #include "workspace/Workspace.h"
 
 namespace vastrel {
@@ -12,20 +13,11 @@ namespace {
 
 constexpr size_t FieldCount = 5;
 
-double CountLines(const std::string& path) {
-    TextFile file(path);
-    double count = 0;
-    for (std::string line; file.NextLine(line);)
-        ++count;
-    return count;
-}
-
 void Allocate(std::ptrdiff_t n) {
     ws.RegionCentroid.ReDim(n);
     for (auto* counts : {&ws.PopBase, &ws.ObsCount, &ws.ExpCount, &ws.ExpRatio})
         counts->ReDim(n);
-    ws.PlottedPoints.Clear();
-    ws.ScaleX = ws.ScaleY = 0;
+    ForgetPlottedPoints();
 }
 
 void ReadRecords(const std::string& path, PointFormat format) {
@@ -58,7 +50,7 @@ void DeriveExpected(PointFormat format) {
 
 bool LoadPointDataset(const std::string& path, PointFormat format) {
     if (SplitAtCommas(TextFile(path).FirstLine()).size() != FieldCount) return false;
-    ws.NumTextRegion = CountLines(path);
+    ws.NumTextRegion = static_cast<double>(CountLines(path));
     Allocate(static_cast<std::ptrdiff_t>(ws.NumTextRegion));
     if (format == PointFormat::None) return true;
     ReadRecords(path, format);
