@@ -44,7 +44,8 @@ void ChartUpdate(std::ptrdiff_t t, double cusum) {
     ChartUpdatePrev(t, cusum, static_cast<std::ptrdiff_t>(ws.CusumChartLabels.size()));
 }
 
-std::ptrdiff_t PolygonLabelCount() {
+std::ptrdiff_t ContinuedLabelCount(const CusumRules& rules, std::ptrdiff_t periods) {
+    if (!rules.ChartLabelsStopAtColumns) return periods;
     return static_cast<std::ptrdiff_t>(ws.EndFieldIndex + ws.PreviousPeriodCount - ws.StartFieldIndex + 1);
 }
 

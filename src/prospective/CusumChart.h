@@ -1,5 +1,6 @@
 #pragma once
 
+#include "prospective/CusumRules.h"
 #include "workspace/Arrays.h"
 
 namespace vastrel {
@@ -26,9 +27,9 @@ void ChartUpdate(std::ptrdiff_t t, double cusum);
 /// The same with labels on the first `labelled` rows alone, or on all where there are not as many.
 void ChartUpdatePrev(std::ptrdiff_t t, double cusum, std::ptrdiff_t labelled);
 
-/// How many rows a continued run on polygons labels: as many as the saved periods and the columns that were
-/// chosen last, also where the z-scores come from a text file; it is meant so.
-std::ptrdiff_t PolygonLabelCount();
+/// How many rows a continued run of `periods` periods labels: all on points; on polygons as many as the saved
+/// periods and the columns chosen last, also where the z-scores come from a text file, which is meant.
+std::ptrdiff_t ContinuedLabelCount(const CusumRules& rules, std::ptrdiff_t periods);
 
 /// Fills the chart of one Region: row i of a cusum table.
 void ChartRegion(const Table<double>& cusum, std::ptrdiff_t i, std::ptrdiff_t periods, double h);

@@ -40,11 +40,11 @@ std::vector<std::ptrdiff_t> SignaledRegions(const Table<double>& cusum, std::ptr
     return regions;
 }
 
-std::vector<std::string> SignaledRows(const CusumOutputs& run, std::ptrdiff_t period,
-                                      const std::vector<std::ptrdiff_t>& regions) {
+std::vector<std::string> SignaledRows(const Table<double>& cusum, const Array1<std::string>& labels,
+                                      std::ptrdiff_t period, const std::vector<std::ptrdiff_t>& regions) {
     std::vector<std::string> rows;
     for (const std::ptrdiff_t i : regions)
-        rows.push_back(SignaledRow(run.Cusum(i, period), run.RegionLabel(i)));
+        rows.push_back(SignaledRow(cusum(i, period), labels(i)));
     return rows;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "prospective/CusumTables.h"
+#include "workspace/Arrays.h"
 
 #include <string>
 #include <vector>
@@ -28,8 +28,8 @@ std::vector<std::ptrdiff_t> SignaledRegions(const Table<double>& cusum, std::ptr
                                             std::ptrdiff_t period, double h);
 
 /// The rows of lstRegion for these Regions.
-std::vector<std::string> SignaledRows(const CusumOutputs& run, std::ptrdiff_t period,
-                                      const std::vector<std::ptrdiff_t>& regions);
+std::vector<std::string> SignaledRows(const Table<double>& cusum, const Array1<std::string>& labels,
+                                      std::ptrdiff_t period, const std::vector<std::ptrdiff_t>& regions);
 
 /// The text about one Region in one period: "A12 in 7: ---> 3.25".
 std::string RegionInfo(const std::string& label, std::ptrdiff_t period, double cusum);

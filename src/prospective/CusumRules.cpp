@@ -6,8 +6,6 @@ const CusumRules& PolygonCusumRules() {
     static constexpr CusumRules rules{
         .RunsFIR = false,
         .KeepsSavedPeriods = false,
-        .NamesSavedMaxima = false,
-        .DropsSavedRowsBeyondN = true,
         .SavesContinuedRun = false,
         .ChartLabelsStopAtColumns = true,
         .FastDelay = 1,
@@ -21,8 +19,6 @@ const CusumRules& PointCusumRules() {
     static constexpr CusumRules rules{
         .RunsFIR = true,
         .KeepsSavedPeriods = true,
-        .NamesSavedMaxima = true,
-        .DropsSavedRowsBeyondN = false,
         .SavesContinuedRun = true,
         .ChartLabelsStopAtColumns = false,
         .FastDelay = 10000,
@@ -30,6 +26,11 @@ const CusumRules& PointCusumRules() {
         .PeriodCaption = "Period: ",
     };
     return rules;
+}
+
+bool Serves(const CusumRules& rules, StartOption start) {
+    return start == StartOption::Zero || start == StartOption::Previous ||
+           (start == StartOption::FIR && rules.RunsFIR);
 }
 
 } // namespace vastrel

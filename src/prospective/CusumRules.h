@@ -12,11 +12,9 @@ enum class StartOption {
 
 /// Where the prospective test on polygons and on points differ. The differences are meant.
 struct CusumRules {
-    bool RunsFIR;               // a start from h / 2 is served
-    bool KeepsSavedPeriods;     // tables of a continued run hold the saved periods in front of the new ones
-    bool NamesSavedMaxima;      // and the regions of their maxima
-    bool DropsSavedRowsBeyondN; // on reading; otherwise they stop the run
-    bool SavesContinuedRun;     // the cusums of a continued run can be saved again
+    bool RunsFIR;                  // a start from h / 2 is served
+    bool KeepsSavedPeriods;        // a continued run holds the saved periods in front of the new ones
+    bool SavesContinuedRun;        // the cusums of a continued run can be saved again
     bool ChartLabelsStopAtColumns; // in a continued run, where the indices of the chosen columns say
     long FastDelay;                // yields between two periods; the other speeds are alike
     int RegionFlashes;             // of a Region that is picked in the list
@@ -25,6 +23,9 @@ struct CusumRules {
 
 const CusumRules& PolygonCusumRules();
 const CusumRules& PointCusumRules();
+
+/// A run begins from this start option.
+bool Serves(const CusumRules& rules, StartOption start);
 
 /// Yields between two periods at the other two speeds.
 constexpr long MediumDelay = 120000;

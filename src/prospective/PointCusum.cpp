@@ -14,7 +14,7 @@ std::ptrdiff_t PointCusum::PeriodCount(StartOption start) const {
 }
 
 void RunPointCusum(PointCusum& watch, StartOption start) {
-    if (start == StartOption::None) return;
+    if (!Serves(PointCusumRules(), start)) return;
     const CusumOutputs outputs = watch.Outputs(start);
     outputs.ReDim(watch.N, watch.PeriodCount(start));
     watch.StudyArea = PointStudyArea();

@@ -20,7 +20,7 @@ void TakeCentroids(Array1<double>& x, Array1<double>& y) {
 } // namespace
 
 void RunPolygonCusum(Table<double>& z, StartOption start, const Array1<std::string>& labels) {
-    if (start != StartOption::Zero && start != StartOption::Previous) return;
+    if (!Serves(PolygonCusumRules(), start)) return;
     const std::ptrdiff_t n = ws.NumRegion;
     const auto periods = static_cast<std::ptrdiff_t>(ws.RunPeriodCount);
     const CusumOutputs outputs = PolygonOutputs();
