@@ -34,6 +34,8 @@ using RunCommand = std::function<ExitStatus()>;
 using AddCommand = void (*)(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddProspectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 /// The subcommand whose words may begin with a minus sign.
@@ -42,7 +44,7 @@ constexpr const char* PValueCommand = "p-value";
 /// The four sizes W,H,SW,SH of a plot surface; WrongUse for any other text.
 SurfaceSize ParseSurface(const std::string& text);
 
-/// The path made absolute, before anything else looks at it.
+/// The path made absolute, before anything else looks at it. The empty path, of no file, stays empty.
 std::string AbsolutePath(const std::string& path);
 
 } // namespace vastrel

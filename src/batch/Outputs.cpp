@@ -54,7 +54,15 @@ void Outputs::Add(const std::string& path, std::string bytes) {
     files_.emplace_back(path, std::move(bytes));
 }
 
+void Outputs::AddFolder(const std::string& path) {
+    folders_.push_back(path);
+}
+
 void Outputs::Write() const {
+    for (const auto& folder : folders_) {
+        std::error_code ignored;
+        fs::create_directories(folder, ignored); // the files tell where it fails
+    }
     std::vector<std::unique_ptr<StagedFile>> staged;
     for (const auto& [path, bytes] : files_)
         if (path != "-") staged.push_back(std::make_unique<StagedFile>(path, bytes));
@@ -66,7 +74,7 @@ void Outputs::Write() const {
 }
 
 std::string AbsolutePath(const std::string& path) {
-    return fs::absolute(path).string();
+    return path.empty() ? path : fs::absolute(path).string();
 }
 
 } // namespace vastrel

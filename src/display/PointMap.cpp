@@ -1,5 +1,6 @@
 #include "display/PointMap.h"
 
+#include "display/CusumClasses.h"
 #include "display/LegendClasses.h"
 #include "platform/Numbers.h"
 
@@ -41,28 +42,61 @@ void DrawBox(PlotSurface& surface, const PointPosition& at, double halfWidth) {
 
 } // namespace
 
-void PointMap::DrawPoints(PlotSurface& surface, const SymbolOf& symbolOf) {
-    if (!BeginDrawing(surface)) {
-        surface.Refresh();
-        return;
-    }
-    ws.PlottedPoints.ReDim(X.UpperBound());
-    for (std::ptrdiff_t i = 1; i <= X.UpperBound(); ++i) {
+void PointMap::DrawPoints(PlotSurface& surface, std::ptrdiff_t n, const SymbolOf& symbolOf,
+                          const Drawn& drawn) {
+    for (std::ptrdiff_t i = 1; i <= n; ++i) {
         const PointPosition at = PointToPlot(View, X(i), Y(i));
-        ws.PlottedPoints(i) = {RoundToInt32(at.X), at.Y};
+        drawn(i, at);
         if (const auto symbol = symbolOf(i)) surface.Circle(at.X, at.Y, symbol->Radius, symbol->Outline);
         surface.SetLineWidth(1);
         DrawBox(surface, at, 1);
+    }
+}
+
+void PointMap::DrawAndStorePoints(PlotSurface& surface, const SymbolOf& symbolOf) {
+    if (BeginDrawing(surface)) {
+        ws.PlottedPoints.ReDim(X.UpperBound());
+        DrawPoints(surface, X.UpperBound(), symbolOf, [](std::ptrdiff_t i, const PointPosition& at) {
+            ws.PlottedPoints(i) = {RoundToInt32(at.X), at.Y};
+        });
     }
     surface.Refresh();
 }
 
 void PointMap::DrawPlainPoints(PlotSurface& surface) {
-    DrawPoints(surface, [](std::ptrdiff_t) { return std::nullopt; });
+    DrawAndStorePoints(surface, [](std::ptrdiff_t) { return std::nullopt; });
 }
 
 void PointMap::DrawStatisticPointsFrom(PlotSurface& surface, const Array1<double>& values) {
-    DrawPoints(surface, [&values](std::ptrdiff_t i) { return StatisticSymbol(PointClassOf(values(i))); });
+    DrawAndStorePoints(surface,
+                       [&values](std::ptrdiff_t i) { return StatisticSymbol(PointClassOf(values(i))); });
+}
+
+void PointMap::DrawCusumPoints(PlotSurface& surface, const Table<double>& cusum, std::ptrdiff_t n,
+                               std::ptrdiff_t period, double h) {
+    if (BeginDrawing(surface))
+        DrawPoints(
+            surface, n, [&](std::ptrdiff_t i) { return CusumSymbol(CusumClassOf(cusum(i, period), h)); },
+            [](std::ptrdiff_t, const PointPosition&) {});
+    surface.Refresh();
+}
+
+void PointMap::DrawSelectedPoints(PlotSurface& surface, const Array1<KeyedValue>& selection) {
+    ComputePointView(View, surface.Size(), X, Y);
+    surface.SetLineWidth(1);
+    surface.SetPen(Colours::Black);
+    for (std::ptrdiff_t i = 1; View.IsValid() && i <= selection.UpperBound(); ++i) {
+        if (selection(i).Second == 1) {
+            surface.SetFillStyle(FillStyle::Solid);
+            surface.SetFill(Colours::Yellow);
+            surface.SetPen(Colours::Black);
+            DrawBox(surface, PointToPlot(View, X(i), Y(i)), 2);
+        }
+        surface.SetFillStyle(FillStyle::Transparent);
+        surface.SetFill(Colours::White);
+        surface.SetPen(Colours::Black);
+    }
+    surface.Refresh();
 }
 
 void PointMap::MarkPoint(PlotSurface& surface, std::ptrdiff_t position) {

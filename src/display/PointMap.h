@@ -1,18 +1,14 @@
 #pragma once
 
+#include "display/PointSymbol.h"
 #include "display/PointView.h"
 #include "retrospective/RetroVariable.h"
+#include "workspace/Sorting.h"
 
 #include <functional>
 #include <optional>
 
 namespace vastrel {
-
-/// The circle of a class.
-struct PointSymbol {
-    double Radius = 0;
-    Colour Outline = 0;
-};
 
 /// The symbol of a statistic class 1 to 6; none for 0.
 std::optional<PointSymbol> StatisticSymbol(int statisticClass);
@@ -33,6 +29,16 @@ public:
     /// error 9 where `values` has fewer elements than there are points.
     void DrawStatisticPointsFrom(PlotSurface& surface, const Array1<double>& values);
 
+    /// Erases and draws the points 1..n with the symbols of their cusums in a period, against the threshold
+    /// h, and their boxes. PlottedPoints stay as they are. Run-time error 9 where the points or the table are
+    /// fewer.
+    void DrawCusumPoints(PlotSurface& surface, const Table<double>& cusum, std::ptrdiff_t n,
+                         std::ptrdiff_t period, double h);
+
+    /// Draws the yellow boxes of a selection on top of what stands there: pairs (Region, flag), of which a
+    /// flag of exactly 1 is selected. Leaves a transparent white fill behind.
+    void DrawSelectedPoints(PlotSurface& surface, const Array1<KeyedValue>& selection);
+
     /// Draws the green mark round a point (from 1) on top of what stands there. The line width stays 4 for
     /// the moment: every drawing sets it back.
     void MarkPoint(PlotSurface& surface, std::ptrdiff_t position);
@@ -42,9 +48,11 @@ public:
 
 private:
     using SymbolOf = std::function<std::optional<PointSymbol>(std::ptrdiff_t)>;
+    using Drawn = std::function<void(std::ptrdiff_t i, const PointPosition& at)>;
 
     bool BeginDrawing(PlotSurface& surface);
-    void DrawPoints(PlotSurface& surface, const SymbolOf& symbolOf);
+    void DrawPoints(PlotSurface& surface, std::ptrdiff_t n, const SymbolOf& symbolOf, const Drawn& drawn);
+    void DrawAndStorePoints(PlotSurface& surface, const SymbolOf& symbolOf);
 };
 
 /// The local values that a single run maps: MapDrawScore or MapDrawM.
@@ -53,7 +61,8 @@ const Array1<double>& MapDrawValues(RetroVariable variable);
 /// The local values that a single run's legend is built from, and sorts: MapClassScore or MapClassM.
 Array1<double>& MapClassValues(RetroVariable variable);
 
-/// The zoom of the retrospective point map at the start and at full extent.
+/// The zooms of the point maps at the start and at full extent.
 constexpr double RetroPointZoom = 1.2;
+constexpr double ProspectivePointZoom = 1.0;
 
 } // namespace vastrel

@@ -95,6 +95,14 @@ std::vector<std::string> SplitAtCommas(std::string_view line, size_t most) {
     return fields;
 }
 
+std::ptrdiff_t CountLines(const std::string& path) {
+    TextFile file(path);
+    std::ptrdiff_t count = 0;
+    for (std::string line; file.NextLine(line);)
+        ++count;
+    return count;
+}
+
 const std::string& FieldAt(const std::vector<std::string>& fields, size_t index, const std::string& place) {
     if (index >= fields.size())
         RaiseCustomary(SubscriptOutOfRange, "FieldAt",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <string>
@@ -47,6 +48,9 @@ private:
 /// The fields of a line between commas. An empty line has no field at all; a comma at the end of a line adds
 /// an empty one. No more than `most` fields are taken, so that a line of nothing but commas stays small.
 std::vector<std::string> SplitAtCommas(std::string_view line, size_t most = static_cast<size_t>(-1));
+
+/// The number of lines of a file; errors as for TextFile.
+std::ptrdiff_t CountLines(const std::string& path);
 
 /// Field `index` (from 0) of a line; run-time error 9 naming the place where the line has fewer fields.
 const std::string& FieldAt(const std::vector<std::string>& fields, size_t index, const std::string& place);

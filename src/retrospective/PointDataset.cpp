@@ -5,6 +5,7 @@
 #include "platform/Numbers.h"
 #include "platform/TextFile.h"
 #include "retrospective/PointExpected.h"
+#include "retrospective/StudyArea.h"
 #include "workspace/Workspace.h"
 
 namespace vastrel {
@@ -12,14 +13,6 @@ namespace vastrel {
 namespace {
 
 constexpr size_t FieldCount = 5;
-
-std::ptrdiff_t CountLines(const std::string& path) {
-    TextFile file(path);
-    std::ptrdiff_t count = 0;
-    for (std::string line; file.NextLine(line);)
-        ++count;
-    return count;
-}
 
 void Allocate(std::ptrdiff_t n) {
     constexpr double bytesOfRegion = sizeof(RegionPoint) + 4 * sizeof(double);
@@ -29,8 +22,7 @@ void Allocate(std::ptrdiff_t n) {
     for (auto* counts : {&ws.PopBase, &ws.ObsCount, &ws.ExpCount, &ws.ExpRatio})
         counts->ReDim(n);
     // What belongs to the points of an earlier dataset must not be drawn or measured with these.
-    ws.PlottedPoints.Clear();
-    ws.ScaleX = ws.ScaleY = 0;
+    ForgetPlottedPoints();
     for (auto* values : {&ws.MapClassScore, &ws.MapDrawScore, &ws.MapClassM, &ws.MapDrawM,
                          &ws.DisplayClassValues, &ws.DisplayDrawValues})
         values->Clear();

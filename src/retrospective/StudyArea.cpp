@@ -76,6 +76,11 @@ double OpenHullSum(const Array1<PlotPoint>& hull, std::ptrdiff_t count) {
     return sum;
 }
 
+void ForgetPlottedPoints() {
+    ws.PlottedPoints.Clear();
+    ws.ScaleX = ws.ScaleY = 0;
+}
+
 double PointStudyArea() {
     if (ws.PlottedPoints.UpperBound() != static_cast<std::ptrdiff_t>(ws.NumTextRegion)) return 0;
     const std::ptrdiff_t hull = WrapHull(ws.PlottedPoints);

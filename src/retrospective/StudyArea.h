@@ -12,6 +12,9 @@ namespace vastrel {
 /// not looked at then. Run-time error 6 where a product of positions leaves the 32-bit range.
 double PointStudyArea();
 
+/// Drops the plotted positions and their scales: they belong to an earlier dataset.
+void ForgetPlottedPoints();
+
 /// Wraps points 1..n (Jarvis's march by pseudo-angles): brings the hull points to places 1..M in order and
 /// returns M. Steps of the pseudo-angle are rounded to 32-bit floats.
 /// R. A. Jarvis, On the identification of the convex hull of a finite set of points in the plane,

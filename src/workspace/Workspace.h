@@ -102,6 +102,32 @@ struct Workspace {
     Table<double> ChartData;      // (step, 0 statistic or 1 critical value)
     std::vector<std::string> ChartLabels;
 
+    // ---- Parameters of the prospective test
+    double KValue = 0; // reference value
+    double HValue = 0; // threshold
+
+    // ---- Prospective test on polygons
+    double StartFieldIndex = 0; // columns of the z-scores, counted from 0
+    double EndFieldIndex = 0;
+    Table<double> TextZScore; // (Region, period): z-scores of a text file; filtered ones after a run
+    double TextPeriodCount = 0;
+    Table<double> PreviousCusum; // (Region, period): the saved table of a cusum file
+    double PreviousPeriodCount = 0;
+    Array1<double> PreviousMaxCusum;
+    double RunPeriodCount = 0;
+    Table<double> CusumValue; // (Region, period): lists, map (CusumMapValue) and file (CusumSaved) read it
+    Array1<double> MaxCusum;
+    Array1<std::string> MaxRegion, RegionLabel;
+    bool bCusumRun = false; // a run has begun: the map has cusum colours
+    std::int32_t AnimationDelay = 300000;
+    std::int32_t SelectedPeriod = 0;
+    std::int32_t SelectedRegion = 0; // counted from 0
+    std::vector<std::ptrdiff_t> SignaledRegions;
+
+    // ---- Chart of cusums, shared by all charts: (row from 0, 0 cusum or 1 threshold)
+    Table<double> CusumChartData;
+    std::vector<std::string> CusumChartLabels; // empty for a row without a label
+
     // ---- Legend of the statistic map
     Array1<double> LegendLimits; // 0..6: limits in force
     Array1<double> LegendWork;   // 0..6: limits as built; elements 0 and 6 stay 0

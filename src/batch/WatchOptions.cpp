@@ -1,0 +1,41 @@
+#include "batch/WatchOptions.h"
+
+#include "batch/Pictures.h"
+
+#include <filesystem>
+
+namespace vastrel {
+
+void WatchOptions::AddTo(CLI::App& command) {
+    command.add_option("--k", Parameters.K, "reference value")->capture_default_str()->group("Test");
+    command.add_option("--h", Parameters.H, "threshold")->capture_default_str()->group("Test");
+    command.add_option("--sigma", Parameters.Sigma, "bandwidth of the spatial filter, 0 for none")
+        ->capture_default_str()
+        ->group("Test");
+
+    command.add_option("--lists", Lists, "the rows of the periods, then of the signalled regions")
+        ->group("Output");
+    command.add_option("--report", Report, "the report file")->group("Output");
+    command.add_option("--cusum", Cusum, "the cusum file")->group("Output");
+    command.add_option("--maps", Maps, "folder for one picture a period (.png)")->group("Output");
+    command.add_option("--chart", Chart, "the chart of the maxima (.png, .svg or .pdf)")->group("Output");
+    command.add_option("--json", Json, "every number")->group("Output");
+}
+
+void WatchOptions::Check() const {
+    if (!Maps.empty()) RequirePictureEnding(PeriodPicture(Maps, 1, 1), {".png"});
+    RequirePictureEnding(Chart, {".png", ".svg", ".pdf"});
+}
+
+bool WatchOptions::AsksForNothing() const {
+    return Lists.empty() && Report.empty() && Cusum.empty() && Maps.empty() && Chart.empty() && Json.empty();
+}
+
+std::string PeriodPicture(const std::string& folder, std::ptrdiff_t period, std::ptrdiff_t lastPeriod) {
+    const size_t digits = std::to_string(lastPeriod).size();
+    std::string number = std::to_string(period);
+    number.insert(0, digits - number.size(), '0');
+    return (std::filesystem::path(folder) / ("period" + number + ".png")).string();
+}
+
+} // namespace vastrel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "batch/Command.h"
+#include "prospective/CusumParameters.h"
+
+namespace vastrel {
+
+/// The parameters and the options WATCH that the two prospective commands share.
+struct WatchOptions {
+    CusumTexts Parameters;
+    std::string Lists, Report, Cusum, Maps, Chart, Json;
+
+    void AddTo(CLI::App& command);
+
+    /// What goes together and what does not; WrongUse otherwise.
+    void Check() const;
+
+    bool AsksForNothing() const;
+};
+
+/// The path of the picture of a period in a folder, numbered with as many digits as the last one has.
+std::string PeriodPicture(const std::string& folder, std::ptrdiff_t period, std::ptrdiff_t lastPeriod);
+
+} // namespace vastrel
