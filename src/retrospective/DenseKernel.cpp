@@ -1,49 +1,322 @@
+// The dense kernel: sums over k of products of elements of two matrices, as fast as the processor's vectors
+// go, without a change in any bit.
+//
+// The order of a sum fixes only what happens within one element. Which elements advance together is free, and
+// the blocking below lives from that:
+//
+//                                               b, or the second w
+//                                        .---------------------------.
+//                                      k |                           |
+//                                        |===========================| DepthBlock rows, packed into panels
+//                                        |===========================| of the tile's width: outer cache
+//                                        |            .--.           |
+//               a, or the first w        '------------|  |-----------'
+//             .---------===-------.      .------------|  |-----------.
+//             |         ===       |      |            |  | one panel of b: inner cache
+//             |---------===-------|      |------------|--|-----------|
+//           i |         ###  <- RowBlock rows,        |##| <- one tile of the result: its sums stand
+//             |         ###     packed into panels    |  |    in registers while k runs down the two
+//             |---------###-------|     of the tile's |--|    panels and every step adds one column of a
+//             |    k    ===       |     height:       |  |    times one row of b
+//             '---------===-------'     middle cache -'--'-----------'
+//
+//   for every block of k, ascending:   pack b's rows of the block
+//     for every block of rows i:       pack a's piece
+//       for every panel of b, for every panel of a:   run the tile; it goes on from the sums of the last
+//       block
+//
+// At the right and lower edge a panel is filled up with copies of its last column or row. A tile then
+// computes some elements twice over and drops the copies; zeros in their place could raise faults (0 *
+// infinity) that the matrices do not hold.
+//
+// The rows of the result are split over threads; each packs for itself. Of the Gram matrix only tiles that
+// reach the diagonal or lie right of it are computed: a product has the same bits with its operands swapped,
+// so that the other half is a mirror image.
+
 #include "retrospective/DenseKernel.h"
 
+#include "platform/RowWorkers.h"
+#include "platform/RunTimeError.h"
+#include "workspace/Arrays.h"
+
 #include <algorithm>
+#include <atomic>
 
 namespace vastrel {
 
 namespace {
 
-constexpr std::ptrdiff_t RowBlock = 8;
-constexpr std::ptrdiff_t ColumnBlock = 512;
+using Index = std::ptrdiff_t;
 
-/// Adds the products of one k to a strip of one row: the innermost loop of both kernels.
-void AddScaledRow(double* target, const double* row, double factor, std::ptrdiff_t count) {
-    for (std::ptrdiff_t j = 0; j < count; ++j)
-        target[j] = target[j] + row[j] * factor;
+constexpr Index DepthBlock = 192;   // a panel of b stays in the inner cache
+constexpr Index RowBlock = 240;     // the packed piece of a stays in the middle cache; whole tiles of 4, 8
+constexpr Index ColumnBlock = 3072; // the packed rows of b stay in the outer cache; whole tiles of 8, 24
+
+// ---- The tile
+
+/// Adds `depth` products to each of Rows x Vectors sums, vectors of Bytes each. `a` holds Rows elements for
+/// every k, `b` a row of the tile's width for every k.
+///
+/// This is the one body for all instruction sets: it is inlined into functions that carry their attribute.
+template <int Bytes, int Rows, int Vectors>
+[[gnu::always_inline]] inline void AddProducts(const double* a, const double* b, Index depth, double* result,
+                                               Index stride) {
+    typedef double Vector __attribute__((vector_size(Bytes)));
+    typedef double Unaligned __attribute__((vector_size(Bytes), aligned(sizeof(double)), may_alias));
+    constexpr int lanes = Bytes / static_cast<int>(sizeof(double));
+
+    Vector sum[Rows][Vectors];
+#pragma GCC unroll 16
+    for (int i = 0; i < Rows; ++i)
+#pragma GCC unroll 16
+        for (int v = 0; v < Vectors; ++v)
+            sum[i][v] = *reinterpret_cast<const Unaligned*>(result + i * stride + v * lanes);
+    for (Index k = 0; k < depth; ++k, a += Rows, b += Vectors * lanes)
+#pragma GCC unroll 16
+        for (int i = 0; i < Rows; ++i)
+#pragma GCC unroll 16
+            for (int v = 0; v < Vectors; ++v)
+                sum[i][v] = sum[i][v] + *reinterpret_cast<const Unaligned*>(b + v * lanes) * a[i];
+#pragma GCC unroll 16
+    for (int i = 0; i < Rows; ++i)
+#pragma GCC unroll 16
+        for (int v = 0; v < Vectors; ++v)
+            *reinterpret_cast<Unaligned*>(result + i * stride + v * lanes) = sum[i][v];
 }
 
-/// For every element of an n x m result, sums factor(i, k) * row(k)(j) over k ascending, one block of the
-/// result after the other so that the block stays in the cache.
-template <typename Factor>
-void SumOverK(std::ptrdiff_t n, std::ptrdiff_t m, std::ptrdiff_t depth, const double* rows,
-              std::ptrdiff_t rowStride, Factor factor, double* result, std::ptrdiff_t resultStride) {
-    for (std::ptrdiff_t i0 = 0; i0 < n; i0 += RowBlock) {
-        const std::ptrdiff_t i1 = std::min(n, i0 + RowBlock);
-        for (std::ptrdiff_t j0 = 0; j0 < m; j0 += ColumnBlock) {
-            const std::ptrdiff_t count = std::min(ColumnBlock, m - j0);
-            for (std::ptrdiff_t i = i0; i < i1; ++i)
-                std::fill_n(result + i * resultStride + j0, count, 0.0);
-            for (std::ptrdiff_t k = 0; k < depth; ++k)
-                for (std::ptrdiff_t i = i0; i < i1; ++i)
-                    AddScaledRow(result + i * resultStride + j0, rows + k * rowStride + j0, factor(i, k),
-                                 count);
+struct Tile {
+    const char* InstructionSet;
+    bool (*IsOffered)();
+    Index Rows, Columns;
+    void (*AddProducts)(const double* a, const double* b, Index depth, double* result, Index stride);
+};
+
+#if defined(__x86_64__)
+[[gnu::target("avx512f")]] void AddProductsAvx512(const double* a, const double* b, Index depth,
+                                                  double* result, Index stride) {
+    AddProducts<64, 8, 3>(a, b, depth, result, stride);
+}
+[[gnu::target("avx2")]] void AddProductsAvx2(const double* a, const double* b, Index depth, double* result,
+                                             Index stride) {
+    AddProducts<32, 4, 2>(a, b, depth, result, stride);
+}
+#endif
+void AddProductsBaseline(const double* a, const double* b, Index depth, double* result, Index stride) {
+    AddProducts<16, 4, 2>(a, b, depth, result, stride);
+}
+
+/// The widest first.
+constexpr Tile Tiles[] = {
+#if defined(__x86_64__)
+    {"avx512", [] { return __builtin_cpu_supports("avx512f") != 0; }, 8, 24, AddProductsAvx512},
+    {"avx2", [] { return __builtin_cpu_supports("avx2") != 0; }, 4, 8, AddProductsAvx2},
+#endif
+    {"baseline", [] { return true; }, 4, 4, AddProductsBaseline},
+};
+
+std::atomic<const Tile*> forcedTile = nullptr;
+
+const Tile& ChosenTile() {
+    if (const Tile* forced = forcedTile) return *forced;
+    return *std::find_if(std::begin(Tiles), std::end(Tiles),
+                         [](const Tile& tile) { return tile.IsOffered(); });
+}
+
+// ---- Packing
+
+using Pack = std::vector<double, AlignedAllocator<double>>;
+
+constexpr Index RoundedUp(Index n, Index step) {
+    return (n + step - 1) / step * step;
+}
+
+/// One of the two matrices as the sums see it: a series of `Count` vectors along k. Element k of vector x
+/// lies at Data[x * Across + k * Along].
+struct Operand {
+    const double* Data;
+    Index Count;
+    Index Across;
+    Index Along;
+};
+
+/// Copies elements k0..k1-1 of vectors first..last-1 into panels of `width` vectors, k by k; the last panel
+/// is filled up with copies of its last vector.
+void PackPanels(const Operand& from, Index first, Index last, Index k0, Index k1, Index width, double* to) {
+    for (Index x0 = first; x0 < last; x0 += width) {
+        const double* panel = from.Data + x0 * from.Across;
+        const Index count = std::min(width, last - x0);
+        for (Index k = k0; k < k1; ++k, to += width) {
+            const double* step = panel + k * from.Along;
+            for (Index x = 0; x < count; ++x)
+                to[x] = step[x * from.Across];
+            std::fill(to + count, to + width, to[count - 1]);
         }
     }
 }
 
-} // namespace
+// ---- The sums
 
-void DenseProduct(MatrixView a, MatrixView b, double* result, std::ptrdiff_t resultStride) {
-    const auto factor = [a](std::ptrdiff_t i, std::ptrdiff_t k) { return a.Data[i * a.Stride + k]; };
-    SumOverK(a.Rows, b.Columns, b.Rows, b.Data, b.Stride, factor, result, resultStride);
+enum class Part { Whole, UpperTriangle };
+
+/// The sums of some rows of the result.
+class RowSums {
+public:
+    RowSums(const Operand& a, const Operand& b, Index depth, Part part, double* result, Index stride)
+        : a_(a), b_(b), depth_(depth), part_(part), result_(result), stride_(stride), tile_(ChosenTile()) {}
+
+    void Compute(RowRange rows) const {
+        for (Index i = rows.First; i < rows.Last; ++i)
+            std::fill_n(result_ + i * stride_, b_.Count, 0.0);
+        const Index left = part_ == Part::Whole ? 0 : rows.First / tile_.Columns * tile_.Columns;
+        const Index depth = std::min(depth_, DepthBlock);
+        Pack aPack(
+            static_cast<size_t>(depth * RoundedUp(std::min(rows.Last - rows.First, RowBlock), tile_.Rows)));
+        Pack bPack(
+            static_cast<size_t>(depth * RoundedUp(std::min(b_.Count - left, ColumnBlock), tile_.Columns)));
+        for (Index j0 = left; j0 < b_.Count; j0 += ColumnBlock) {
+            const Index j1 = std::min(b_.Count, j0 + ColumnBlock);
+            for (Index k0 = 0; k0 < depth_; k0 += DepthBlock) {
+                const Index k1 = std::min(depth_, k0 + DepthBlock);
+                PackPanels(b_, j0, j1, k0, k1, tile_.Columns, bPack.data());
+                for (Index i0 = rows.First; i0 < rows.Last; i0 += RowBlock) {
+                    const Index i1 = std::min(rows.Last, i0 + RowBlock);
+                    PackPanels(a_, i0, i1, k0, k1, tile_.Rows, aPack.data());
+                    AddBlock({i0, i1}, j0, j1, k1 - k0, aPack.data(), bPack.data());
+                }
+            }
+        }
+    }
+
+private:
+    void AddBlock(RowRange rows, Index j0, Index j1, Index depth, const double* aPack,
+                  const double* bPack) const {
+        for (Index j = j0; j < j1; j += tile_.Columns) {
+            const double* bPanel = bPack + (j - j0) * depth;
+            for (Index i = rows.First; i < rows.Last; i += tile_.Rows) {
+                if (part_ == Part::UpperTriangle && j + tile_.Columns <= i) break;
+                const double* aPanel = aPack + (i - rows.First) * depth;
+                const Index height = std::min(tile_.Rows, rows.Last - i);
+                const Index width = std::min(tile_.Columns, j1 - j);
+                double* sums = result_ + i * stride_ + j;
+                if (height == tile_.Rows && width == tile_.Columns)
+                    tile_.AddProducts(aPanel, bPanel, depth, sums, stride_);
+                else
+                    AddAtEdge(aPanel, bPanel, depth, sums, height, width);
+            }
+        }
+    }
+
+    /// A tile that reaches over the edge goes through a copy of its sums, filled up as the panels are.
+    void AddAtEdge(const double* aPanel, const double* bPanel, Index depth, double* sums, Index height,
+                   Index width) const {
+        double copy[LargestTile];
+        for (Index i = 0; i < tile_.Rows; ++i)
+            for (Index j = 0; j < tile_.Columns; ++j)
+                copy[i * tile_.Columns + j] =
+                    sums[std::min(i, height - 1) * stride_ + std::min(j, width - 1)];
+        tile_.AddProducts(aPanel, bPanel, depth, copy, tile_.Columns);
+        for (Index i = 0; i < height; ++i)
+            std::copy_n(copy + i * tile_.Columns, width, sums + i * stride_);
+    }
+
+    static constexpr Index LargestTile = [] {
+        Index largest = 0;
+        for (const Tile& tile : Tiles)
+            largest = std::max(largest, tile.Rows * tile.Columns);
+        return largest;
+    }();
+
+    const Operand& a_;
+    const Operand& b_;
+    Index depth_;
+    Part part_;
+    double* result_;
+    Index stride_;
+    const Tile& tile_;
+};
+
+/// Shares of about equal work in the rows of an upper triangle: the first r rows of n hold r (2n - r) / n^2
+/// of it.
+RowShare TriangleShares(Index n) {
+    return [n](Index worker, Index workers) {
+        const auto rowsOfFirst = [=](Index part) {
+            Index r = 0;
+            while (r * (2 * n - r) * workers < n * n * part)
+                ++r;
+            return r;
+        };
+        return RowRange{rowsOfFirst(worker), rowsOfFirst(worker + 1)};
+    };
 }
 
-void DenseGram(MatrixView w, double* result, std::ptrdiff_t resultStride) {
-    const auto factor = [w](std::ptrdiff_t i, std::ptrdiff_t k) { return w.Data[k * w.Stride + i]; };
-    SumOverK(w.Columns, w.Columns, w.Rows, w.Data, w.Stride, factor, result, resultStride);
+/// Copies the upper triangle into the lower one, in square blocks so that both sides stay in the cache.
+void MirrorBelowDiagonal(double* result, Index stride, RowRange rows) {
+    constexpr Index block = 32;
+    for (Index i0 = rows.First; i0 < rows.Last; i0 += block)
+        for (Index j0 = 0; j0 < rows.Last; j0 += block)
+            for (Index i = i0; i < std::min(rows.Last, i0 + block); ++i)
+                for (Index j = j0; j < std::min(i, j0 + block); ++j)
+                    result[i * stride + j] = result[j * stride + i];
+}
+
+} // namespace
+
+void DenseProduct(MatrixView a, MatrixView b, double* result, Index resultStride) {
+    const Operand rows{a.Data, a.Rows, a.Stride, 1};
+    const Operand columns{b.Data, b.Columns, 1, b.Stride};
+    const RowSums sums(rows, columns, b.Rows, Part::Whole, result, resultStride);
+    RunRowWorkers(WorkersFor(2 * a.Rows * b.Columns * b.Rows), EvenShares(a.Rows),
+                  [&](RowRange range) { sums.Compute(range); });
+}
+
+void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal) {
+    constexpr Index together = 8; // a cache line of b
+    for (Index i0 = 0; i0 < a.Rows; i0 += together) {
+        const Index i1 = std::min(a.Rows, i0 + together);
+        std::fill(diagonal + i0, diagonal + i1, 0.0);
+        for (Index k = 0; k < b.Rows; ++k)
+            for (Index i = i0; i < i1; ++i)
+                diagonal[i] = diagonal[i] + b.Data[k * b.Stride + i] * a.Data[i * a.Stride + k];
+    }
+}
+
+void DenseGram(MatrixView w, double* result, Index resultStride) {
+    const Index n = w.Columns;
+    const Operand columns{w.Data, n, 1, w.Stride};
+    const RowSums sums(columns, columns, w.Rows, Part::UpperTriangle, result, resultStride);
+    const int workers = WorkersFor(n * n * w.Rows);
+    RunRowWorkers(workers, TriangleShares(n), [&](RowRange range) { sums.Compute(range); });
+    RunRowWorkers(workers, EvenShares(n),
+                  [&](RowRange range) { MirrorBelowDiagonal(result, resultStride, range); });
+}
+
+// ---- The choice of the instruction set
+
+std::vector<std::string> DenseInstructionSets() {
+    std::vector<std::string> names;
+    for (const Tile& tile : Tiles)
+        names.emplace_back(tile.InstructionSet);
+    return names;
+}
+
+std::vector<std::string> OfferedInstructionSets() {
+    std::vector<std::string> names;
+    for (const Tile& tile : Tiles)
+        if (tile.IsOffered()) names.emplace_back(tile.InstructionSet);
+    return names;
+}
+
+void ForceInstructionSet(const std::string& name) {
+    if (name.empty()) {
+        forcedTile = nullptr;
+        return;
+    }
+    for (const Tile& tile : Tiles) {
+        if (name != tile.InstructionSet || !tile.IsOffered()) continue;
+        forcedTile = &tile;
+        return;
+    }
+    RaiseCustomary(InvalidProcedureCall, "DenseKernel", "This processor has no " + name + ".");
 }
 
 } // namespace vastrel

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace vastrel {
 
@@ -12,14 +14,32 @@ struct MatrixView {
     std::ptrdiff_t Stride = 0;
 };
 
-/// result(i, j) = sum over k of b(k, j) * a(i, k), for a of n x p and b of p x m; `result` holds n x m.
-///
-/// Every element is summed with k ascending, a multiplication and an addition each, none fused, so that the
-/// result equals that of the plain loops in every bit. Faults show in the floating-point flags.
+// Every element is summed from 0 with k ascending, a multiplication and an addition each, none fused, so that
+// the results equal those of the plain loops in every bit, the signs of zeros included, on every instruction
+// set and for any number of threads. Faults show in the floating-point flags of the caller, the same as those
+// of the plain loops. (Where an operand is NaN the payload of the result is open.)
+
+/// result(i, j) = sum over k of b(k, j) * a(i, k), for a of n x p and b of p x m; `result` holds n x m and
+/// overlaps neither.
 void DenseProduct(MatrixView a, MatrixView b, double* result, std::ptrdiff_t resultStride);
 
-/// result(i, j) = sum over k of w(k, i) * w(k, j), for w of n x m; `result` holds m x m. The order of the sum
-/// is that of DenseProduct.
+/// The diagonal of that product alone, for a of n x p and b of p x n; `diagonal` holds n elements.
+void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal);
+
+/// result(i, j) = sum over k of w(k, i) * w(k, j), for w of n x m; `result` holds m x m and does not overlap
+/// w.
 void DenseGram(MatrixView w, double* result, std::ptrdiff_t resultStride);
+
+/// The vector instructions that the kernel knows on this architecture, the widest first; "baseline" is what
+/// every processor of the architecture has.
+std::vector<std::string> DenseInstructionSets();
+
+/// Those of them that this processor has; the kernel takes the first.
+std::vector<std::string> OfferedInstructionSets();
+
+/// Makes the kernel take an instruction set by its name; an empty name gives the choice back. Run-time error
+/// 5 for a set that this processor lacks. For tests and benchmarks; the number of threads is forced by
+/// ForceWorkers.
+void ForceInstructionSet(const std::string& name);
 
 } // namespace vastrel
