@@ -1,6 +1,8 @@
 #include "display/PointLegend.h"
 
+#include "display/CusumClasses.h"
 #include "display/LegendClasses.h"
+#include "display/PointMap.h"
 
 #include <array>
 
@@ -18,6 +20,20 @@ void PrintPointLegend(PlotSurface& surface, RetroVariable variable) {
         surface.Circle(200 / LayoutUnit, (y + 150) / LayoutUnit,
                        radii.at(static_cast<size_t>(i)) / LayoutUnit, colour);
         if (MapsScore(variable)) surface.Text(400 / LayoutUnit, (y + 50) / LayoutUnit, RangeText(i));
+    }
+    surface.Refresh();
+}
+
+void PrintCusumLegend(PlotSurface& surface) {
+    constexpr int rowHeight = 20;
+    surface.Erase();
+    surface.SetLineWidth(1);
+    for (int i = 0; i < CusumClassCount; ++i) {
+        const PointPosition at{12, 12 + rowHeight * i};
+        const PointSymbol symbol = CusumSymbol(i);
+        surface.Circle(at.X, at.Y, symbol.Radius, symbol.Outline);
+        DrawPointBox(surface, at, 1);
+        surface.Text(26, at.Y - 6.0, CusumClassLabel(i));
     }
     surface.Refresh();
 }

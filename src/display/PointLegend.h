@@ -10,4 +10,7 @@ namespace vastrel {
 /// picture stands for them.
 void PrintPointLegend(PlotSurface& surface, RetroVariable variable);
 
+/// Prints the fixed legend of the cusum classes: circle and box as on the point map, and the label.
+void PrintCusumLegend(PlotSurface& surface);
+
 } // namespace vastrel

@@ -32,15 +32,11 @@ bool PointMap::BeginDrawing(PlotSurface& surface) {
     return View.IsValid();
 }
 
-namespace {
-
-void DrawBox(PlotSurface& surface, const PointPosition& at, double halfWidth) {
+void DrawPointBox(PlotSurface& surface, const PointPosition& at, double halfWidth) {
     const std::int32_t left = RoundToInt32(at.X - halfWidth), right = RoundToInt32(at.X + halfWidth);
     const std::int32_t top = RoundToInt32(at.Y - halfWidth), bottom = RoundToInt32(at.Y + halfWidth);
     surface.Polygon({{left, top}, {right, top}, {right, bottom}, {left, bottom}});
 }
-
-} // namespace
 
 void PointMap::DrawPoints(PlotSurface& surface, std::ptrdiff_t n, const SymbolOf& symbolOf,
                           const Drawn& drawn) {
@@ -49,7 +45,7 @@ void PointMap::DrawPoints(PlotSurface& surface, std::ptrdiff_t n, const SymbolOf
         drawn(i, at);
         if (const auto symbol = symbolOf(i)) surface.Circle(at.X, at.Y, symbol->Radius, symbol->Outline);
         surface.SetLineWidth(1);
-        DrawBox(surface, at, 1);
+        DrawPointBox(surface, at, 1);
     }
 }
 
@@ -90,7 +86,7 @@ void PointMap::DrawSelectedPoints(PlotSurface& surface, const Array1<KeyedValue>
             surface.SetFillStyle(FillStyle::Solid);
             surface.SetFill(Colours::Yellow);
             surface.SetPen(Colours::Black);
-            DrawBox(surface, PointToPlot(View, X(i), Y(i)), 2);
+            DrawPointBox(surface, PointToPlot(View, X(i), Y(i)), 2);
         }
         surface.SetFillStyle(FillStyle::Transparent);
         surface.SetFill(Colours::White);

@@ -55,6 +55,9 @@ private:
     void DrawAndStorePoints(PlotSurface& surface, const SymbolOf& symbolOf);
 };
 
+/// The small box of a point: pen and fill as they stand.
+void DrawPointBox(PlotSurface& surface, const PointPosition& at, double halfWidth);
+
 /// The local values that a single run maps: MapDrawScore or MapDrawM.
 const Array1<double>& MapDrawValues(RetroVariable variable);
 

@@ -9,9 +9,7 @@ std::string ChartFile(const std::string& format, const ChartPicture& chart) {
     constexpr int height = 420;
     LineChart picture;
     picture.resize(width, height);
-    picture.SetData(chart.Data);
-    for (size_t row = 0; row < chart.RowLabels.size(); ++row)
-        picture.SetRowLabel(static_cast<int>(row + 1), chart.RowLabels[row]);
+    picture.SetRows(chart.Data, chart.RowLabels);
     picture.SetSeriesNames(chart.SeriesNames[0], chart.SeriesNames[1]);
     picture.SetAxisTitle(chart.AxisTitle);
     return picture.PictureBytes(format, width, height);

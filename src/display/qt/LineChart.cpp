@@ -45,7 +45,12 @@ void LineChart::PlaceKeyAboveChart() {
     plot_->plotLayout()->insertRow(0);
     plot_->plotLayout()->addElement(0, 0, row);
     plot_->plotLayout()->setRowStretchFactor(0, 0.001);
-    row->setMargins(QMargins(0, 4, 8, 0));
+    row->setMargins(QMargins(0, 0, 8, 0));
+    plot_->plotLayout()->setRowSpacing(0);
+    plot_->legend->setMargins(QMargins(0, 2, 0, 0));
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.9);
+    plot_->legend->setFont(small);
     row->addElement(0, 0, new QCPLayoutElement);
     row->addElement(0, 1, plot_->legend);
     row->setColumnStretchFactor(1, 0.001);
@@ -70,6 +75,13 @@ void LineChart::SetData(const Table<double>& table) {
     plot_->yAxis->scaleRange(1.1);
     ThinOutLabels(plot_->width());
     setAccessibleDescription(Spoken());
+}
+
+void LineChart::SetRows(const Table<double>& table, const std::vector<std::string>& labels) {
+    SetData(table);
+    for (size_t row = 0; row < labels.size(); ++row)
+        labels_.at(row) = labels[row];
+    ThinOutLabels(plot_->width());
 }
 
 void LineChart::SetRowLabel(int row, const std::string& label) {
@@ -141,6 +153,8 @@ std::string LineChart::PictureBytes(const std::string& format, int width, int he
 void LineChart::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     ThinOutLabels(plot_->width());
+    constexpr int pixelsOfTick = 30;
+    plot_->yAxis->ticker()->setTickCount(std::max(2, height() / pixelsOfTick));
 }
 
 void LineChart::contextMenuEvent(QContextMenuEvent* event) {

@@ -22,6 +22,9 @@ public:
     /// One point a row, a series for each of columns 0 and 1; the row labels go back to none.
     void SetData(const Table<double>& table);
 
+    /// The same with a label for each row, where there is one.
+    void SetRows(const Table<double>& table, const std::vector<std::string>& labels);
+
     /// The label of a row, counted from 1. Labels thin out where they would run into one another.
     void SetRowLabel(int row, const std::string& label);
 

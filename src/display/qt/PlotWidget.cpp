@@ -29,17 +29,22 @@ PlotWidget::PlotWidget(QWidget* parent) : QFrame(parent) {
 }
 
 void PlotWidget::FixSize(float width, float height) {
+    fixed_ = FramedSurface(width, height);
     setFixedSize(static_cast<int>(std::nearbyint(width / LayoutUnit)),
                  static_cast<int>(std::nearbyint(height / LayoutUnit)));
+    resize(minimumSize());
+    Renew();
 }
 
 SurfaceSize PlotWidget::Size() const {
+    if (fixed_) return *fixed_;
     return FramedSurface(static_cast<float>(width() * LayoutUnit), static_cast<float>(height() * LayoutUnit));
 }
 
 void PlotWidget::Renew() {
-    painter_.reset();
     const QSize inside = (size() - QSize(2 * FrameWidth, 2 * FrameWidth)).expandedTo(QSize(1, 1));
+    if (picture_.size() == inside * devicePixelRatioF()) return; // the first show of a fixed size, say
+    painter_.reset();
     picture_ = QImage(inside * devicePixelRatioF(), QImage::Format_RGB32);
     picture_.setDevicePixelRatio(devicePixelRatioF());
     picture_.fill(Qt::white);

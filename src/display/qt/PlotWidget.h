@@ -18,7 +18,7 @@ class PlotWidget : public QFrame, public PaintedSurface {
 public:
     explicit PlotWidget(QWidget* parent = nullptr);
 
-    /// Keeps the widget at this outer size in layout units.
+    /// Keeps the widget at this outer size in layout units; it need not be whole pixels.
     void FixSize(float width, float height);
 
     SurfaceSize Size() const override;
@@ -45,6 +45,7 @@ private:
     void Renew();
     void EndPainting();
 
+    std::optional<SurfaceSize> fixed_;
     QImage picture_;
     std::optional<QPainter> painter_;
 };

@@ -4,6 +4,8 @@
 #include "platform/Platform.h"
 #include "platform/qt/ErrorBoundary.h"
 #include "platform/qt/Screens.h"
+#include "prospective/screens/frmCusumTools.h"
+#include "prospective/screens/frmUnivariateCusumTextfile.h"
 #include "retrospective/screens/frmCalculatePValue.h"
 #include "retrospective/screens/frmClusterDetectionTextfile.h"
 #include "ui_MDIFrmMain.h"
@@ -34,7 +36,9 @@ void MDIFrmMain::ConnectMenu() {
         OnEvent(entry, &QAction::triggered, this, std::move(handler));
     };
     command(ui_->mnuExit, [] { platform().EndProcess(0); });
-    command(ui_->mnuOpenTextRetro, [this] { mnuOpenTextRetro_Click(); });
+    command(ui_->mnuOpenTextRetro, [this] { OpenText(The<frmClusterDetectionTextfile>()); });
+    command(ui_->mnuOpenTextPro, [this] { OpenText(The<frmUnivariateCusumTextfile>()); });
+    command(ui_->mnuCusumTool, [] { The<frmCusumTools>().Show(); });
     command(ui_->mnuGetPValue, [] { The<frmCalculatePValue>().Show(); });
     command(ui_->mnuManual, [this] { mnuManual_Click(); });
     command(ui_->mnuAbout, [] { The<frmAbout>().Show(); });
@@ -74,11 +78,11 @@ void MDIFrmMain::closeEvent(QCloseEvent* event) {
     platform().EndProcess(0);
 }
 
-void MDIFrmMain::mnuOpenTextRetro_Click() {
+void MDIFrmMain::OpenText(Screen& screen) {
     ws.bShapefileData = false;
     ws.bTextfileData = true;
     Unload();
-    The<frmClusterDetectionTextfile>().Show(); // brings the frame back, as at the start
+    screen.Show(); // brings the frame back, as at the start
 }
 
 void MDIFrmMain::mnuManual_Click() {

@@ -12,6 +12,8 @@ class QAction;
 
 namespace vastrel {
 
+class Screen;
+
 /// The main frame: the menu with its commands, the status bar, and the area of the child screens. It holds no
 /// state of its own; each command closes what would conflict and hands over to a screen.
 class MDIFrmMain : public QMainWindow {
@@ -38,7 +40,7 @@ private:
     void ConnectMenu();
     void MDIFrmMain_Load();
 
-    void mnuOpenTextRetro_Click();
+    void OpenText(Screen& screen);
     void mnuManual_Click();
 
     std::unique_ptr<Ui::MDIFrmMain> ui_;

@@ -153,9 +153,7 @@ bool frmClusterDetectionTextfile::RunRange() {
 void frmClusterDetectionTextfile::ShowSweepChart() {
     ui_->lblStats->setText(SweepStatCaption(Variable()));
     ui_->lblCriticalStats->setText(SweepCriticalCaption(Variable()));
-    ui_->MSChart1->SetData(ws.ChartData);
-    for (size_t row = 0; row < ws.ChartLabels.size(); ++row)
-        ui_->MSChart1->SetRowLabel(static_cast<int>(row + 1), ws.ChartLabels[row]);
+    ui_->MSChart1->SetRows(ws.ChartData, ws.ChartLabels);
     for (QWidget* part : {static_cast<QWidget*>(ui_->MSChart1), ui_->picEachRegionInfo,
                           static_cast<QWidget*>(ui_->txtXTitle), ui_->picMLegend})
         part->show();
