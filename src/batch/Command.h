@@ -34,6 +34,7 @@ using RunCommand = std::function<ExitStatus()>;
 using AddCommand = void (*)(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 /// The subcommand whose words may begin with a minus sign.
@@ -42,7 +43,7 @@ constexpr const char* PValueCommand = "p-value";
 /// The four sizes W,H,SW,SH of a plot surface; WrongUse for any other text.
 SurfaceSize ParseSurface(const std::string& text);
 
-/// The path made absolute, before anything else looks at it.
+/// The path made absolute, without "." and ".." between its folders, before anything else looks at it.
 std::string AbsolutePath(const std::string& path);
 
 } // namespace vastrel

@@ -66,7 +66,7 @@ void Outputs::Write() const {
 }
 
 std::string AbsolutePath(const std::string& path) {
-    return fs::absolute(path).string();
+    return fs::absolute(path).lexically_normal().string();
 }
 
 } // namespace vastrel

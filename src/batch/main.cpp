@@ -10,7 +10,7 @@ using namespace vastrel;
 
 namespace {
 
-constexpr AddCommand Commands[] = {AddRetrospectivePoints, AddPValue};
+constexpr AddCommand Commands[] = {AddRetrospectivePoints, AddCentroids, AddPValue};
 
 /// The words of the command line in the order that the parser takes, last first. The words of p-value stand
 /// behind a "--", since they may begin with a minus sign.
