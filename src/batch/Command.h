@@ -36,6 +36,7 @@ using AddCommand = void (*)(CLI::App& program, const ProgramOptions& options, Ru
 void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddProspectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 /// The subcommand whose words may begin with a minus sign.
@@ -44,7 +45,8 @@ constexpr const char* PValueCommand = "p-value";
 /// The four sizes W,H,SW,SH of a plot surface; WrongUse for any other text.
 SurfaceSize ParseSurface(const std::string& text);
 
-/// The path made absolute, before anything else looks at it. The empty path, of no file, stays empty.
+/// The path made absolute, without "." and ".." between its folders, before anything else looks at it. The
+/// empty path, of no file, stays empty.
 std::string AbsolutePath(const std::string& path);
 
 } // namespace vastrel

@@ -74,7 +74,7 @@ void Outputs::Write() const {
 }
 
 std::string AbsolutePath(const std::string& path) {
-    return path.empty() ? path : fs::absolute(path).string();
+    return path.empty() ? path : fs::absolute(path).lexically_normal().string();
 }
 
 } // namespace vastrel

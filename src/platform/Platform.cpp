@@ -23,4 +23,8 @@ void Warn(const std::string& text) {
     platform().ShowMessage(message);
 }
 
+void Tell(const std::string& text) {
+    platform().ShowMessage({text, "Vastrel", Message::Icon::Plain});
+}
+
 } // namespace vastrel

@@ -8,7 +8,7 @@ class RunTimeError;
 
 /// A message box. The system's messages are `Stop` boxes titled "Warning!" unless they say otherwise.
 struct Message {
-    enum class Icon { Stop, Information };
+    enum class Icon { Stop, Information, Plain };
     std::string Text;
     std::string Title = "Warning!";
     Icon Symbol = Icon::Stop;
@@ -63,5 +63,8 @@ void SetPlatform(Platform* use);
 
 /// A stop box titled "Warning!".
 void Warn(const std::string& text);
+
+/// A plain box without an icon, titled with the program's name.
+void Tell(const std::string& text);
 
 } // namespace vastrel

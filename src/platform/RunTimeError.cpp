@@ -37,8 +37,12 @@ std::string CustomaryText(long number) {
         return "Path/File access error";
     case ObjectNotSet:
         return "Object variable not set";
+    case InvalidUseOfNull:
+        return "Invalid use of Null";
     case NoCurrentRecord:
         return "No current record";
+    case ItemNotFound:
+        return "Item not found in this collection";
     default:
         return "Application-defined error";
     }

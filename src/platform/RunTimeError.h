@@ -17,9 +17,14 @@ public:
     const std::string& Source() const { return source_; }
     std::string Description() const { return what(); }
 
+    /// Whether the process ends after the report. All other errors end the command alone.
+    bool EndsProcess() const { return endsProcess_; }
+    void SetEndsProcess() { endsProcess_ = true; }
+
 private:
     long number_;
     std::string source_;
+    bool endsProcess_ = false;
 };
 
 /// The platform's customary error numbers.
@@ -37,7 +42,9 @@ enum CustomaryError : long {
     PermissionDenied = 70,
     PathFileAccessError = 75,
     ObjectNotSet = 91,
+    InvalidUseOfNull = 94,
     NoCurrentRecord = 3021,
+    ItemNotFound = 3265,
 };
 
 /// The customary words of a customary number: "Division by zero" for 11.

@@ -1,5 +1,6 @@
 #include "platform/TextFile.h"
 
+#include "platform/NativePath.h"
 #include "platform/RunTimeError.h"
 
 #include <cerrno>
@@ -17,15 +18,6 @@ constexpr std::string_view LineEnd = "\r\n";
 #else
 constexpr std::string_view LineEnd = "\n";
 #endif
-
-std::filesystem::path NativePath(const std::string& path) {
-    return std::filesystem::path(std::u8string(path.begin(), path.end()));
-}
-
-std::string FileName(const std::string& path) {
-    const auto name = NativePath(path).filename().u8string();
-    return {name.begin(), name.end()};
-}
 
 } // namespace
 

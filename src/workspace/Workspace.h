@@ -1,12 +1,20 @@
 #pragma once
 
 #include "workspace/Arrays.h"
+#include "workspace/Collection.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace vastrel {
+
+class CFileName;
+class CPart;
+class CPoint;
+class CPolygon;
+class Recordset;
 
 /// The location of a Region: the centroid of a polygon, or a point of a text file.
 struct RegionPoint {
@@ -14,6 +22,21 @@ struct RegionPoint {
     double X = 0;
     double Y = 0;
     bool operator==(const RegionPoint&) const = default;
+};
+
+/// The area of one part of a Region.
+struct PartAreaRecord {
+    std::int32_t RegionIndex = 0;
+    double PartArea = 0;   // of this part alone, without its sign
+    double RegionArea = 0; // in part 1 only: the signed areas of all parts summed, without the sign
+    bool operator==(const PartAreaRecord&) const = default;
+};
+
+/// A vertex.
+struct PointXY {
+    double X = 0;
+    double Y = 0;
+    bool operator==(const PointXY&) const = default;
 };
 
 /// A plot position, rounded to whole plot units.
@@ -28,16 +51,37 @@ struct PlotPoint {
 /// fill it, the procedures read it and add their results, maps and lists read those.
 struct Workspace {
     // ---- Where the dataset comes from
-    bool bShapefileData = false; // a shapefile was opened last
-    bool bTextfileData = false;  // a text entry was chosen last
+    bool bShapefileData = false;                   // a shapefile was opened last
+    bool bTextfileData = false;                    // a text entry was chosen last
+    std::string ShapeFilePath;                     // whole path of the .shp
+    std::string ShapeFileTitle;                    // its name without folder
+    std::string ShapeFileTitleSaved;               // the same, for the caption of the map window
+    std::string ShapeBaseName;                     // the title up to its first "."
+    std::string DbfTableName;                      // ShapeBaseName plus ".dbf"
+    std::string DbfFilePath;                       // the path up to its first ".", plus ".dbf"
+    std::string DbfDirectory;                      // DbfFilePath without DbfTableName
+    std::string DbConnection;                      // how the table's folder was opened
+    std::shared_ptr<CFileName> DatasetFileName;    // from the choice of a shapefile to the end of its load
+    std::shared_ptr<Recordset> AttributeRecordset; // rewound by each walk, before and after
+    double AttributeRowCount = 0;                  // its rows when it was opened
 
     // ---- Size of the dataset
     std::int32_t NumRegion = 0; // of a point dataset only after a test was run
     double NumTextRegion = 0;   // lines of the point text file
 
     // ---- Geometry
-    Array1<RegionPoint> RegionCentroid;
+    Collection<CPolygon> ShpPolygons;     // of the last polygon shapefile, a Region each
+    Collection<CPoint> ShpPoints;         // of the last point shapefile
+    std::shared_ptr<CPolygon> CurPolygon; // being walked
+    std::shared_ptr<CPart> CurPart;       // being walked
+    Array1<PointXY> ShpPartPoints;        // its vertices
+    Table<PartAreaRecord> ShpPartArea;    // (Region, part)
     double TotalShapeArea = 0;
+    Array1<RegionPoint> RegionCentroid;
+    std::int16_t ShpFileType = 0;                                          // shape type of the .shp
+    double ExtentXMin = 0, ExtentYMin = 0, ExtentXMax = 0, ExtentYMax = 0; // box of its main header
+    double ExtentWidth = 0, ExtentHeight = 0, ExtentArea = 0;
+    double MapZoom = 0; // of the map window; 1 after every open of a shapefile
 
     // ---- Counts
     Array1<double> PopBase;  // population; stays zero where expected counts were given
@@ -51,6 +95,8 @@ struct Workspace {
     Array1<std::string> PrimaryIDs;
     Array1<std::string> SecondaryIDs;
     bool bUseSecondaryID = false;
+    std::string CusumPrimaryField, CusumSecondaryField; // columns of the prospective test
+    Array1<std::string> CusumRegionIDs;                 // values of the first
 
     // ---- Coupling of the screens
     bool bRetroMapping = false; // the map shows retrospective results
@@ -86,6 +132,7 @@ struct Workspace {
     Array1<double> MapClassScore, MapDrawScore;
 
     // ---- M statistic
+    Array1<double> DevRaw; // o - e, polygon datasets only
     Array1<double> DevPearson, DevFreemanTukey, DevRossi;
     Array1<double> LocalM, LocalMSorted;
     Array1<double> MapDrawM, MapClassM;

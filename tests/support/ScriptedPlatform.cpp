@@ -11,7 +11,10 @@ namespace vastrel {
 namespace {
 
 std::string MessageCall(const std::string& text, const std::string& title, Message::Icon icon) {
-    return std::string(icon == Message::Icon::Stop ? "message" : "information") + " " + title + ": " + text;
+    const char* kind = icon == Message::Icon::Stop          ? "message"
+                       : icon == Message::Icon::Information ? "information"
+                                                            : "plain message";
+    return std::string(kind) + " " + title + ": " + text;
 }
 
 std::string FileCall(FileQuestion::Kind way, const std::string& filter) {

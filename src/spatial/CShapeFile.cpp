@@ -1,0 +1,110 @@
+#include "spatial/CShapeFile.h"
+
+#include "platform/FileSpec.h"
+#include "platform/NativePath.h"
+#include "spatial/ErrorSource.h"
+#include "spatial/ShapeErrors.h"
+#include "spatial/ShapeReader.h"
+
+#include <cmath>
+#include <filesystem>
+
+namespace vastrel {
+
+namespace {
+
+/// The pair's file of this specification as it stands on the disk, whatever the case of its name; empty where
+/// it is missing.
+std::string ExistingFile(const CFileName& name) {
+    return FindFile(FromFileSpec(name.GetFileSpec()));
+}
+
+void CheckHeader(const BinaryFile& file, const MainHeader& header, const char* kind) {
+    if (header.FileCode != ShapefileCode)
+        throw RunTimeError(InvalidFileCode, "",
+                           "The " + std::string(kind) +
+                               " file has an invalid shape code in the main header.");
+    if (file.Size() < static_cast<std::int64_t>(MainHeaderSize))
+        RaiseCustomary(InputPastEndOfFile, "", FileName(file.Path()) + " ends inside its main header.");
+}
+
+/// The records that an index of this length holds, rounded to the nearest.
+std::int32_t RecordCount(const BinaryFile& file, std::int32_t lengthInWords) {
+    const double count = std::nearbyint((lengthInWords - 50.0) / 4);
+    if (count < 0)
+        RaiseCustomary(SubscriptOutOfRange, "",
+                       "The header of " + FileName(file.Path()) + " tells a length of " +
+                           std::to_string(lengthInWords) + " words, less than the header's own.");
+    return static_cast<std::int32_t>(count);
+}
+
+} // namespace
+
+void CShapeFile::SetFileSpec(const CFileName& name, std::int32_t status,
+                             std::optional<std::int32_t> shapeType) {
+    WithSource("C_ShapeFile::SetFileSpec", [&] {
+        fileName_ = CFileName();
+        fileName_.SetFileSpec(name.GetFileSpec());
+        try {
+            OpenFiles(status);
+            status == OpenExisting ? ReadPair() : StartPair(shapeType);
+        } catch (...) {
+            indexFile_.Close();
+            mainFile_.Close();
+            throw;
+        }
+    });
+}
+
+void CShapeFile::OpenFiles(std::int32_t status) {
+    std::string paths[2];
+    const char* extensions[] = {"shp", "shx"};
+    for (int k = 0; k < 2; ++k) {
+        fileName_.SetExtension(extensions[k]);
+        paths[k] = ExistingFile(fileName_);
+        if (status == OpenExisting && paths[k].empty())
+            throw RunTimeError(ShapefileNotFound, "",
+                               "The specified file " + fileName_.GetFileSpec() + " does not exist.");
+        if (status == CREATEIT && !paths[k].empty()) {
+            std::error_code ignored;
+            std::filesystem::remove(NativePath(paths[k]), ignored);
+            paths[k].clear();
+        }
+        if (paths[k].empty()) paths[k] = FromFileSpec(fileName_.GetFileSpec());
+    }
+    const auto access =
+        status == OpenExisting ? BinaryFile::Access::ReadWrite : BinaryFile::Access::ReadWriteOrCreate;
+    indexFile_.Open(paths[1], access);
+    mainFile_.Open(paths[0], access);
+}
+
+void CShapeFile::ReadPair() {
+    indexHeader_ = ReadMainHeader(indexFile_);
+    CheckHeader(indexFile_, indexHeader_, "shx");
+    mainHeader_ = ReadMainHeader(mainFile_);
+    const std::string place = "The main header of " + FileName(mainFile_.Path());
+    CheckHeader(mainFile_, mainHeader_, "shp");
+    for (const double edge : {mainHeader_.XMin, mainHeader_.XMax, mainHeader_.YMax, mainHeader_.YMin})
+        FiniteCoordinate(edge, place);
+    extent_.TakeEdges(mainHeader_.XMin, mainHeader_.XMax, mainHeader_.YMax, mainHeader_.YMin);
+    count_ = RecordCount(indexFile_, indexHeader_.FileLength);
+    shapeType_ = mainHeader_.ShapeType;
+}
+
+void CShapeFile::StartPair(std::optional<std::int32_t> shapeType) {
+    if (!shapeType)
+        throw RunTimeError(ShapeTypeMissing, "",
+                           "The ShapeType argument is not optional when argument status is CREATEIT");
+    shapeType_ = *shapeType;
+    extent_.MakeEmpty();
+    PutMainHeaders();
+    count_ = 0;
+}
+
+std::shared_ptr<IShape> CShapeFile::Item(std::int32_t index) {
+    return WithSource("CShapeFile::Item", [&] {
+        return ShapeReader(mainFile_, indexFile_, shapeType_, indexHeader_.FileLength).Read(index);
+    });
+}
+
+} // namespace vastrel

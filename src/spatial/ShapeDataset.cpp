@@ -1,0 +1,155 @@
+#include "spatial/ShapeDataset.h"
+
+#include "platform/FileSpec.h"
+#include "platform/NativePath.h"
+#include "platform/Platform.h"
+#include "platform/RunTimeError.h"
+#include "spatial/CPoint.h"
+#include "spatial/CPolygon.h"
+#include "spatial/CShapeFile.h"
+#include "spatial/Recordset.h"
+#include "spatial/ShapeErrors.h"
+#include "workspace/Workspace.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vastrel {
+
+namespace {
+
+std::string BeforeFirstPoint(const std::string& text) {
+    return text.substr(0, text.find('.'));
+}
+
+std::string WithoutAll(std::string text, const std::string& piece) {
+    for (size_t at = 0; (at = text.find(piece, at)) != std::string::npos;)
+        text.erase(at, piece.size());
+    return text;
+}
+
+bool IsBlank(const std::string& text) {
+    return text.find_first_not_of(' ') == std::string::npos;
+}
+
+/// An error of the opening of a shapefile ends the process.
+template <typename Step>
+void RunEndingStep(Step step) {
+    try {
+        step();
+    } catch (RunTimeError& error) {
+        error.SetEndsProcess();
+        throw;
+    }
+}
+
+void OpenTable() {
+    if (IsBlank(ws.DbfFilePath)) return;
+    ws.DbfDirectory = WithoutAll(ws.DbfFilePath, ws.DbfTableName);
+    ws.DbConnection = BuildDbaseConnection(ws.DbfDirectory);
+    // A path with a "." in a folder's name ends there: its directory is then no folder, and the table is not
+    // found. Meant so.
+    const auto table = NativePath(ws.DbfDirectory) / NativePath(ws.DbfTableName);
+    ws.AttributeRecordset = std::make_shared<Recordset>(PathText(table));
+    ws.AttributeRowCount = ws.AttributeRecordset->RecordCount();
+}
+
+template <typename Shape>
+void TakeShapes(CShapeFile& file, Collection<Shape>& shapes) {
+    shapes.Clear();
+    for (std::int32_t i = 1; i <= ws.NumRegion; ++i)
+        shapes.Add(std::static_pointer_cast<Shape>(file.Item(i)));
+}
+
+void Load() {
+    CShapeFile file;
+    if (!ws.DatasetFileName) ws.DatasetFileName = std::make_shared<CFileName>();
+    file.SetFileSpec(*ws.DatasetFileName, CShapeFile::OpenExisting, 0);
+    ws.NumRegion = file.Count();
+    switch (file.FileType()) {
+    case PointType:
+        TakeShapes(file, ws.ShpPoints);
+        break;
+    case PolygonType:
+        TakeShapes(file, ws.ShpPolygons);
+        break;
+    case PolyLineType:
+    case MultiPointType:
+        for (std::int32_t i = 1; i <= ws.NumRegion; ++i)
+            file.Item(i);
+        break;
+    default:
+        throw RunTimeError(UnsupportedShapeType, "button click", "Unsupported shape type");
+    }
+    ws.DatasetFileName.reset();
+}
+
+} // namespace
+
+bool IsBaseNameTooLong() {
+    constexpr std::ptrdiff_t longest = 8;
+    const auto& name = ws.ShapeBaseName;
+    // Counted in characters, not bytes.
+    return std::count_if(name.begin(), name.end(),
+                         [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }) > longest;
+}
+
+bool OpenShapeAttributes() {
+    FileQuestion question;
+    question.Filter = ShapefileFilter;
+    return OpenShapeAttributes(platform().ChooseFile(question));
+}
+
+bool OpenShapeAttributes(const FileChoice& choice) {
+    ws.ShapeFileTitle = choice.Title;
+    ws.ShapeFilePath = choice.Path;
+    if (ws.ShapeFilePath.empty()) {
+        Warn(NoShapefileChosen);
+        return false;
+    }
+    RunEndingStep([] {
+        if (!ws.DatasetFileName) ws.DatasetFileName = std::make_shared<CFileName>();
+        ws.DatasetFileName->SetFileSpec(ToFileSpec(ws.ShapeFilePath));
+    });
+    ws.DbfFilePath = BeforeFirstPoint(ws.ShapeFilePath) + ".dbf";
+    ws.DbfTableName = BeforeFirstPoint(ws.ShapeFileTitle);
+    ws.ShapeBaseName = ws.DbfTableName;
+    if (IsBaseNameTooLong()) {
+        Warn(BaseNameTooLong);
+        return false;
+    }
+    ws.DbfTableName += ".dbf";
+    try {
+        OpenTable();
+    } catch (const RunTimeError& error) {
+        Tell(error.Description());
+    }
+    return true;
+}
+
+std::string BuildDbaseConnection(const std::string& folder) {
+    return "Driver={Microsoft dBASE Driver (*.dbf)};DriverID=277;Dbq=" + folder;
+}
+
+void ReadShapeHeader() {
+    BinaryFile file;
+    file.Open(ws.ShapeFilePath, BinaryFile::Access::Read);
+    char last;
+    const std::string place = "the main header of " + FileName(ws.ShapeFilePath);
+    file.Read(static_cast<std::int64_t>(MainHeaderSize) - 1, &last, 1, place);
+    const MainHeader header = ReadMainHeader(file);
+    ws.ShpFileType = static_cast<std::int16_t>(header.ShapeType); // its lower half, which is all that is read
+    ws.ExtentXMin = FiniteCoordinate(header.XMin, place);
+    ws.ExtentYMin = FiniteCoordinate(header.YMin, place);
+    ws.ExtentXMax = FiniteCoordinate(header.XMax, place);
+    ws.ExtentYMax = FiniteCoordinate(header.YMax, place);
+    ws.ExtentWidth = FiniteCoordinate(std::fabs(ws.ExtentXMax - ws.ExtentXMin), place);
+    ws.ExtentHeight = FiniteCoordinate(std::fabs(ws.ExtentYMax - ws.ExtentYMin), place);
+    ws.ExtentArea = FiniteCoordinate(ws.ExtentHeight * ws.ExtentWidth, place);
+}
+
+void LoadShapes() {
+    RunEndingStep(Load);
+}
+
+} // namespace vastrel
