@@ -48,9 +48,9 @@ namespace {
 
 using Index = std::ptrdiff_t;
 
-constexpr Index DepthBlock = 192;   // a panel of b stays in the inner cache
-constexpr Index RowBlock = 240;     // the packed piece of a stays in the middle cache; whole tiles of 4, 8
-constexpr Index ColumnBlock = 3072; // the packed rows of b stay in the outer cache; whole tiles of 8, 24
+constexpr Index DepthBlock = 384; // as long as a panel of a fits the inner cache beside the running one of b
+constexpr Index RowBlock = 144;   // the packed piece of a fills half of a middle cache; whole tiles
+constexpr Index ColumnBlock = 3072; // the packed rows of b stay in the outer cache; whole tiles
 
 // ---- The tile
 
@@ -71,6 +71,10 @@ template <int Bytes, int Rows, int Vectors>
 #pragma GCC unroll 16
         for (int v = 0; v < Vectors; ++v)
             sum[i][v] = *reinterpret_cast<const Unaligned*>(result + i * stride + v * lanes);
+    // The next tile stands below this one; a prefetch past the end of the result does nothing.
+    for (int i = Rows; i < 2 * Rows; ++i)
+        for (int v = 0; v < Vectors; ++v)
+            __builtin_prefetch(result + i * stride + v * lanes);
     for (Index k = 0; k < depth; ++k, a += Rows, b += Vectors * lanes)
 #pragma GCC unroll 16
         for (int i = 0; i < Rows; ++i)
