@@ -5,7 +5,9 @@
 #include "platform/TextFile.h"
 
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <memory>
 
 namespace vastrel {
 
@@ -13,22 +15,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// A free name beside a path.
+std::string NameBeside(const std::string& path) {
+    std::error_code ignored;
+    std::string name = path + ".part";
+    for (int i = 1; fs::exists(fs::symlink_status(name, ignored)); ++i)
+        name = path + ".part" + std::to_string(i);
+    return name;
+}
+
 /// A file that is written beside its place; it goes away again unless it is moved there.
 class StagedFile {
 public:
-    StagedFile(std::string path, const std::string& bytes) : path_(std::move(path)) {
-        std::error_code ignored;
-        // What is no ordinary file (a device, a pipe) has no place beside it.
-        const bool special = fs::exists(path_, ignored) && !fs::is_regular_file(path_, ignored);
-        if (special && fs::is_directory(path_, ignored))
-            RaiseCustomary(PathFileAccessError, "Outputs", path_ + " is a folder.");
-        if (special) {
-            bytes_ = bytes;
-            return;
-        }
-        staged_ = path_ + ".part";
-        WriteFile(staged_, bytes);
-    }
+    StagedFile(const std::string& path, const std::string& bytes) : path_(path), bytes_(bytes) {}
     ~StagedFile() {
         std::error_code ignored;
         if (!staged_.empty()) fs::remove(staged_, ignored);
@@ -36,8 +35,22 @@ public:
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
 
+    void Stage() {
+        std::error_code ignored;
+        if (fs::exists(path_, ignored)) {
+            RequireWritable();
+            // What is no ordinary file (a device, a pipe) has no place beside it.
+            if (!fs::is_regular_file(path_)) return;
+            path_ = fs::canonical(path_).string(); // a link stays, and what it points to is replaced
+        }
+        staged_ = NameBeside(path_);
+        WriteFile(staged_, bytes_);
+    }
+
+    bool IsStaged() const { return !staged_.empty(); }
+    void WriteInPlace() { WriteFile(path_, bytes_); }
+
     void MoveToPlace() {
-        if (staged_.empty()) return WriteFile(path_, bytes_);
         std::error_code failed;
         fs::rename(staged_, path_, failed);
         if (failed) RaiseCustomary(PathFileAccessError, "Outputs", path_ + " cannot be replaced.");
@@ -45,12 +58,20 @@ public:
     }
 
 private:
-    std::string path_, staged_, bytes_;
+    void RequireWritable() const {
+        if (fs::is_directory(path_)) RaiseCustomary(PathFileAccessError, "Outputs", path_ + " is a folder.");
+        if (fs::is_regular_file(path_) && !std::ofstream(path_, std::ios::app))
+            RaiseCustomary(PermissionDenied, "Outputs", path_ + " may not be written.");
+    }
+
+    std::string path_, bytes_, staged_;
 };
 
 } // namespace
 
 void Outputs::Add(const std::string& path, std::string bytes) {
+    for (const auto& [earlier, ignored] : files_)
+        if (path != "-" && path == earlier) throw WrongUse(path + " is named for two outputs.");
     files_.emplace_back(path, std::move(bytes));
 }
 
@@ -67,10 +88,15 @@ void Outputs::Write() const {
     for (const auto& [path, bytes] : files_)
         if (path != "-") staged.push_back(std::make_unique<StagedFile>(path, bytes));
     for (const auto& file : staged)
-        file->MoveToPlace();
+        file->Stage();
+    for (const auto& file : staged)
+        if (!file->IsStaged()) file->WriteInPlace();
+    for (const auto& file : staged)
+        if (file->IsStaged()) file->MoveToPlace();
     for (const auto& [path, bytes] : files_)
         if (path == "-") std::cout << bytes;
-    std::cout.flush();
+    if (!std::cout.flush())
+        RaiseCustomary(DiskFull, "Outputs", "Standard output could not be written to its end.");
 }
 
 std::string AbsolutePath(const std::string& path) {

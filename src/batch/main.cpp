@@ -14,9 +14,15 @@ constexpr AddCommand Commands[] = {AddRetrospectivePoints, AddProspectivePoints,
                                    AddHValue};
 
 /// The words of the command line in the order that the parser takes, last first. The words of p-value stand
-/// behind a "--", since they may begin with a minus sign.
+/// behind a "--", since they may begin with a minus sign. "--sigma=" is --sigma with an empty text, which the
+/// parser would take from the next word.
 std::vector<std::string> Words(int argc, char** argv) {
-    std::vector<std::string> words(argv + 1, argv + argc);
+    std::vector<std::string> words;
+    for (std::string word : std::vector<std::string>(argv + 1, argv + argc)) {
+        const bool emptyValue = word.rfind("--", 0) == 0 && word.find('=') == word.size() - 1;
+        words.push_back(emptyValue ? word.substr(0, word.size() - 1) : word);
+        if (emptyValue) words.emplace_back();
+    }
     const auto command = std::find(words.begin(), words.end(), PValueCommand);
     if (words.end() - command > 1 && command[1].rfind("-", 0) != 0) words.insert(command + 1, "--");
     std::reverse(words.begin(), words.end());

@@ -33,9 +33,17 @@ MatrixView Used(const Table<double>& table, std::ptrdiff_t n) {
     return {table.row(1) + 1, n, n, table.stride()};
 }
 
+/// A fault of the kernel itself is told before its values go any further: a sigma whose square overflows
+/// would only end as a row of length 0.
+void NormalisedKernel(Table<double>& weights, std::ptrdiff_t n) {
+    RunProcedure(
+        "GaussianKernel",
+        [&] { GaussianKernel(ws.RegionCentroid, n, ws.TotalShapeArea, ws.CurrentSigma, weights); }, [] {});
+    RowNormalise(weights, n);
+}
+
 void ComputeScoreWeights(std::ptrdiff_t n) {
-    GaussianKernel(ws.RegionCentroid, n, ws.TotalShapeArea, ws.CurrentSigma, ws.WeightScore);
-    RowNormalise(ws.WeightScore, n);
+    NormalisedKernel(ws.WeightScore, n);
     DenseGram(Used(ws.WeightScore, n), ws.ScoreGram.row(1) + 1, ws.ScoreGram.stride());
     ScaleGramByShares(ws.ScoreGram, ws.ExpRatio, n, ws.ScoreGramAdjusted);
     for (std::ptrdiff_t i = 1; i <= n; ++i)
@@ -74,12 +82,7 @@ void BuildMWeights() {
     ws.WeightM.ReDim(n, n);
     if (n == 0) return;
     RunProcedure(
-        "BuildMWeights",
-        [n] {
-            GaussianKernel(ws.RegionCentroid, n, ws.TotalShapeArea, ws.CurrentSigma, ws.WeightM);
-            RowNormalise(ws.WeightM, n);
-        },
-        [] { ws.WeightM.SetZero(); });
+        "BuildMWeights", [n] { NormalisedKernel(ws.WeightM, n); }, [] { ws.WeightM.SetZero(); });
 }
 
 } // namespace vastrel

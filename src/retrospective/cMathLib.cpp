@@ -1,5 +1,6 @@
 #include "retrospective/cMathLib.h"
 
+#include "platform/ArithmeticScope.h"
 #include "platform/Numbers.h"
 
 namespace vastrel {
@@ -25,17 +26,19 @@ Table<double> Guarded(const MatrixView& a, const MatrixView& b, Operation operat
                            "One or both of the matrices are null, this operation cannot be done !!");
     };
     if (a.Data == nullptr || b.Data == nullptr) raiseNull();
+    Table<double> result;
     try {
         for (const std::ptrdiff_t size : {a.Rows, a.Columns, b.Rows, b.Columns})
             Counter16(static_cast<double>(size));
-        return operation();
+        RunProcedure(
+            "matrix operation", [&] { result = operation(); }, [] {});
     } catch (const RunTimeError& error) {
         if (error.Source() == "cMathLib") throw;
         raiseNull();
     } catch (const std::bad_alloc&) {
         raiseNull();
     }
-    return {};
+    return result;
 }
 
 template <typename Combine>

@@ -10,7 +10,7 @@ namespace vastrel {
 ///
 /// Run-time errors: 5005 (Add), 5007 (Subtract), 5009 (Multiply) where the dimensions do not fit, 5022 for an
 /// array that was never dimensioned and for any other failure (more rows or columns than a 16-bit counter
-/// holds, memory). Floating-point faults show in the flags of the caller.
+/// holds, memory, a floating-point fault).
 class cMathLib {
 public:
     /// An argument of an operation: a table, or an array as one column.
