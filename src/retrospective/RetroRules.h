@@ -18,6 +18,9 @@ struct RetroRules {
     bool ReadsSecondaryID;         // two ids where bUseSecondaryID is set
     bool IDsFromColumns;           // PrimaryIDs; otherwise the ID of RegionCentroid
     bool TakesNumTextRegion;       // NumRegion is taken from the text file at the start of a sweep
+    bool RunsAtLoad;               // Run is enabled before data are loaded on the screen itself
+    bool FillsAlphaAtLoad;         // the list of alpha; otherwise the column dialog does
+    bool RangeOptionDisablesSave;  // the choice of a range of bandwidths disables Save
     int FirstRegionRow;            // list row that a click takes for the first Region
     const char* ChartLabelPattern; // of the bandwidths under the chart
     const char* PValueHeading;     // in the report of a range

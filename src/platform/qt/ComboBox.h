@@ -33,6 +33,12 @@ public:
         setCurrentIndex(-1);
     }
 
+    /// Shows an entry without a Click.
+    void ShowEntry(int index) {
+        shown_ = index;
+        setCurrentIndex(index);
+    }
+
     /// Picks an entry as the user does; Click runs in the caller's error boundary.
     void SetListIndex(int index);
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "display/PointMap.h"
-#include "platform/qt/Screen.h"
+#include "retrospective/screens/RetroScreen.h"
 
 #include <memory>
 
@@ -11,11 +11,8 @@ class frmClusterDetectionTextfile;
 
 namespace vastrel {
 
-struct SweepTexts;
-
-/// The screen of the retrospective test on points, with its map and its chart. It reads the parameters, calls
-/// the procedures, fills its two lists and hands the local values to the map.
-class frmClusterDetectionTextfile : public Screen {
+/// The screen of the retrospective test on points. It carries its own map and its own chart.
+class frmClusterDetectionTextfile : public RetroScreen {
     Q_OBJECT
 
 public:
@@ -28,27 +25,18 @@ public:
 protected:
     void Form_Load() override;
 
+    void BeginRun() override;
+    void ShowRetroMap(Array1<double>& classValues, const Array1<double>& drawValues) override;
+    void DrawPlain() override;
+    void ShowMLegend(bool shown) override;
+    void FinishSingleRun() override;
+    void FinishSweep() override;
+    void CloseChart() override;
+    void LocalRow_Click(std::ptrdiff_t row) override;
+
 private:
-    void ConnectControls();
-
-    void VariableOption_Click();
-    void optSpatialSingleSigma_Click();
-    void cboAlpha_Click();
-    void cmdLoadData_Click();
-    void cmdRun_Click();
-    void cmdSave_Click();
-    void lstGlobalPatternSummary_Click();
-    void lstLocalPatternSummary_Click();
-
-    RetroVariable Variable() const;
-    SweepTexts RangeTexts() const;
-    bool RunSingle();
-    bool RunRange();
-    void ShowSweepChart();
-    void ShowRetroMap(Array1<double>& classValues, const Array1<double>& drawValues);
-    void ShowMLegend();
-    void HideChart();
     void RedrawMap();
+    std::vector<QWidget*> ChartParts() const;
 
     std::unique_ptr<Ui::frmClusterDetectionTextfile> ui_;
     PointMap map_{RetroPointZoom};
