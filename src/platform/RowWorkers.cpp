@@ -55,6 +55,19 @@ RowShare EvenShares(std::ptrdiff_t rows) {
     };
 }
 
+RowShare TriangleShares(std::ptrdiff_t rows) {
+    // The first r rows of n hold the part r (2n - r) / n^2 of the triangle.
+    return [n = rows](std::ptrdiff_t worker, std::ptrdiff_t workers) {
+        const auto rowsOfFirst = [=](std::ptrdiff_t part) {
+            std::ptrdiff_t r = 0;
+            while (r * (2 * n - r) * workers < n * n * part)
+                ++r;
+            return r;
+        };
+        return RowRange{rowsOfFirst(worker), rowsOfFirst(worker + 1)};
+    };
+}
+
 int WorkersFor(std::ptrdiff_t operations) {
     if (forcedWorkers > 0) return forcedWorkers;
     const std::ptrdiff_t cores = std::max(1U, std::thread::hardware_concurrency());

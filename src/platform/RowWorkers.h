@@ -17,6 +17,9 @@ using RowShare = std::function<RowRange(std::ptrdiff_t worker, std::ptrdiff_t wo
 /// Equal shares of `rows` rows.
 RowShare EvenShares(std::ptrdiff_t rows);
 
+/// Shares of about equal work in the rows of an upper triangle of `rows` rows, diagonal included.
+RowShare TriangleShares(std::ptrdiff_t rows);
+
 /// How many workers a computation of `operations` floating-point operations is worth: 1 for a small one, the
 /// processor's cores for a large one; always the forced number where one is set.
 int WorkersFor(std::ptrdiff_t operations);

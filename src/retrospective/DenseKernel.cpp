@@ -50,7 +50,7 @@ using Index = std::ptrdiff_t;
 
 constexpr Index DepthBlock = 384; // as long as a panel of a fits the inner cache beside the running one of b
 constexpr Index RowBlock = 144;   // the packed piece of a fills half of a middle cache; whole tiles
-constexpr Index ColumnBlock = 3072; // the packed rows of b stay in the outer cache; whole tiles
+constexpr Index ColumnBlock = 1536; // the packed rows of b stay in the outer cache; whole tiles
 
 // ---- The tile
 
@@ -239,28 +239,14 @@ private:
     const Tile& tile_;
 };
 
-/// Shares of about equal work in the rows of an upper triangle: the first r rows of n hold r (2n - r) / n^2
-/// of it.
-RowShare TriangleShares(Index n) {
-    return [n](Index worker, Index workers) {
-        const auto rowsOfFirst = [=](Index part) {
-            Index r = 0;
-            while (r * (2 * n - r) * workers < n * n * part)
-                ++r;
-            return r;
-        };
-        return RowRange{rowsOfFirst(worker), rowsOfFirst(worker + 1)};
-    };
-}
-
-/// Copies the upper triangle into the lower one, in square blocks so that both sides stay in the cache.
-void MirrorBelowDiagonal(double* result, Index stride, RowRange rows) {
+/// Writes rows of the lower triangle from the upper one, in square blocks so that both stay in the cache.
+void MirrorRows(double* table, Index stride, RowRange rows) {
     constexpr Index block = 32;
     for (Index i0 = rows.First; i0 < rows.Last; i0 += block)
         for (Index j0 = 0; j0 < rows.Last; j0 += block)
             for (Index i = i0; i < std::min(rows.Last, i0 + block); ++i)
                 for (Index j = j0; j < std::min(i, j0 + block); ++j)
-                    result[i * stride + j] = result[j * stride + i];
+                    table[i * stride + j] = table[j * stride + i];
 }
 
 } // namespace
@@ -275,8 +261,9 @@ void DenseProduct(MatrixView a, MatrixView b, double* result, Index resultStride
 
 void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal) {
     constexpr Index together = 8; // a cache line of b
-    for (Index i0 = 0; i0 < a.Rows; i0 += together) {
-        const Index i1 = std::min(a.Rows, i0 + together);
+    const Index count = std::min(a.Rows, b.Columns);
+    for (Index i0 = 0; i0 < count; i0 += together) {
+        const Index i1 = std::min(count, i0 + together);
         std::fill(diagonal + i0, diagonal + i1, 0.0);
         for (Index k = 0; k < b.Rows; ++k)
             for (Index i = i0; i < i1; ++i)
@@ -288,10 +275,14 @@ void DenseGram(MatrixView w, double* result, Index resultStride) {
     const Index n = w.Columns;
     const Operand columns{w.Data, n, 1, w.Stride};
     const RowSums sums(columns, columns, w.Rows, Part::UpperTriangle, result, resultStride);
-    const int workers = WorkersFor(n * n * w.Rows);
-    RunRowWorkers(workers, TriangleShares(n), [&](RowRange range) { sums.Compute(range); });
-    RunRowWorkers(workers, EvenShares(n),
-                  [&](RowRange range) { MirrorBelowDiagonal(result, resultStride, range); });
+    RunRowWorkers(WorkersFor(n * n * w.Rows), TriangleShares(n),
+                  [&](RowRange range) { sums.Compute(range); });
+    MirrorUpperTriangle(result, n, resultStride);
+}
+
+void MirrorUpperTriangle(double* table, Index n, Index stride) {
+    RunRowWorkers(WorkersFor(n * n), EvenShares(n),
+                  [&](RowRange range) { MirrorRows(table, stride, range); });
 }
 
 // ---- The choice of the instruction set

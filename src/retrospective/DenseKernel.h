@@ -23,12 +23,15 @@ struct MatrixView {
 /// overlaps neither.
 void DenseProduct(MatrixView a, MatrixView b, double* result, std::ptrdiff_t resultStride);
 
-/// The diagonal of that product alone, for a of n x p and b of p x n; `diagonal` holds n elements.
+/// The diagonal of that product alone, min(n, m) elements for a of n x p and b of p x m.
 void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal);
 
 /// result(i, j) = sum over k of w(k, i) * w(k, j), for w of n x m; `result` holds m x m and does not overlap
 /// w.
 void DenseGram(MatrixView w, double* result, std::ptrdiff_t resultStride);
+
+/// Copies the part of an n x n table right of its diagonal to its mirror image, left of it.
+void MirrorUpperTriangle(double* table, std::ptrdiff_t n, std::ptrdiff_t stride);
 
 /// The vector instructions that the kernel knows on this architecture, the widest first; "baseline" is what
 /// every processor of the architecture has.

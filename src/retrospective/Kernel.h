@@ -14,14 +14,24 @@ constexpr double NineDigitPi = 3.14159265;
 void GaussianKernel(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area, double sigma,
                     Table<double>& kernel);
 
+/// The same from distances that TakeDistances has taken.
+void GaussianKernel(const PairDistances& distances, std::ptrdiff_t n, double area, double sigma,
+                    Table<double>& kernel);
+
+/// Computes d^2 for every pair of the Regions at `at(1..n)`; leaves distances as they are that belong to
+/// these very positions. After a fault in it the distances have to be dropped.
+void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistances& distances);
+
 /// Scales rows 1..n to Euclidean length 1.
 void RowNormalise(Table<double>& kernel, std::ptrdiff_t n);
 
-/// The element by element forms of the row-normalised kernel W (1..n, 1..n) and its Gram matrix G:
-/// G(i, j) / sqrt(p(i) p(j)) with a zero base, and W(i, j) / sqrt(e(j)).
-/// A share or an expected count of 0 is a division by zero, one below 0 an invalid operation.
+/// G(i, j) / sqrt(p(i + 1) p(j + 1)) for the Gram matrix G of the row-normalised kernel; both tables have a
+/// zero base. A share p of 0 is a division by zero, one below 0 an invalid operation.
 void ScaleGramByShares(const Table<double>& gram, const Array1<double>& shares, std::ptrdiff_t n,
                        Table<double>& adjusted);
+
+/// W(i, j) / sqrt(e(j)) for the row-normalised kernel W (1..n, 1..n). An expected count e of 0 is a division
+/// by zero, one below 0 an invalid operation.
 void ScaleColumnsByExpected(const Table<double>& weights, const Array1<double>& expected, std::ptrdiff_t n,
                             Table<double>& adjusted);
 

@@ -3,33 +3,57 @@
 #include "retrospective/MStatistic.h"
 #include "retrospective/ScoreStatistic.h"
 #include "retrospective/Weights.h"
+#include "workspace/Workspace.h"
+
+#include <initializer_list>
 
 namespace vastrel {
 
 namespace {
 
+using WeightTable = Table<double> Workspace::*;
+
+/// Gives back tables that nothing reads any more, so that a run never holds more than five of them.
+void Release(std::initializer_list<WeightTable> tables) {
+    for (const auto table : tables)
+        (ws.*table).Clear();
+}
+
 void RunUnadjusted() {
     BuildScoreWeights();
     LocalScoreUnadjusted();
+    Release({&Workspace::WeightUnadjusted, &Workspace::WeightAdjusted, &Workspace::ScoreGramAdjusted});
     ScoreMomentsPlain();
+    Release({&Workspace::ScoreGramPlain});
     FinishScoreUnadjusted();
 }
 
 void RunAdjustedScore() {
     BuildScoreWeights();
     LocalScoreAdjusted();
+    Release({&Workspace::WeightUnadjusted, &Workspace::WeightAdjusted, &Workspace::ScoreGramPlain});
     ScoreMomentsAdjusted();
+    Release({&Workspace::ScoreGramAdjusted});
     FinishScoreAdjusted();
 }
 
 void RunM(void (*transform)()) {
     BuildMWeights();
     transform();
+    Release({&Workspace::WeightM});
 }
 
 } // namespace
 
+void PrepareRun(RetroVariable variable) {
+    Release({&Workspace::WeightM, &Workspace::WeightUnadjusted, &Workspace::WeightAdjusted,
+             &Workspace::ScoreGramPlain, &Workspace::ScoreGramAdjusted});
+    TakePointCount();
+    RequireMemoryForTables(MapsScore(variable) ? TablesOfScoreWeights : TablesOfMWeights, "cmdRun");
+}
+
 void RunSingleProcedures(RetroVariable variable) {
+    PrepareRun(variable);
     switch (variable) {
     case RetroVariable::Unadjusted:
         return RunUnadjusted();
@@ -45,6 +69,7 @@ void RunSingleProcedures(RetroVariable variable) {
 
 void RunSweepProcedures(RetroVariable variable) {
     if (variable != RetroVariable::AdjustedPoisson) return RunSingleProcedures(variable);
+    PrepareRun(variable);
     RunM(MTransformPearson);
     RunAdjustedScore();
 }

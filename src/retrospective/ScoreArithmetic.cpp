@@ -1,7 +1,6 @@
 #include "retrospective/ScoreArithmetic.h"
 
 #include "platform/Numbers.h"
-#include "retrospective/cMathLib.h"
 
 #include <cmath>
 
@@ -9,30 +8,41 @@ namespace vastrel {
 
 LocalScore LocalScoreOf(const double* weights, const Array1<double>& observed, const Array1<double>& expected,
                         double total, std::ptrdiff_t n) {
+    if (n > 0) (void)observed(n), (void)expected(n); // as many as there are Regions
+    const double* o = observed.data();
+    const double* e = expected.data();
     double a = 0, b = 0, c = 0;
     for (std::ptrdiff_t j = 1; j <= n; ++j) {
-        a = a + (observed(j) - expected(j)) * weights[j];
-        b = b + weights[j] * weights[j] * expected(j);
-        c = c + (expected(j) * weights[j]) / total;
+        a = a + (o[j] - e[j]) * weights[j];
+        b = b + weights[j] * weights[j] * e[j];
+        c = c + (e[j] * weights[j]) / total;
     }
     return {a, a / std::sqrt(b - c)};
 }
 
 Table<double> ShareCovariance(const Array1<double>& shares, std::ptrdiff_t n) {
-    Table<double> diagonal(n - 1, n - 1);
-    Table<double> products(n - 1, n - 1);
+    Table<double> covariance(n - 1, n - 1);
     for (std::ptrdiff_t i = 0; i < n; ++i) {
-        diagonal(i, i) = shares(i + 1);
+        const double p = shares(i + 1);
+        double* row = covariance.row(i);
         for (std::ptrdiff_t j = 0; j < n; ++j)
-            products(i, j) = shares(i + 1) * shares(j + 1);
+            row[j] = 0 - p * shares(j + 1);
+        row[i] = p - p * p;
     }
-    return cMathLib().Subtract(diagonal, products);
+    return covariance;
 }
 
 double Trace(const Table<double>& matrix) {
     double sum = 0;
     for (std::ptrdiff_t i = 0; i <= matrix.UpperBound1(); ++i)
         sum = sum + matrix(i, i);
+    return sum;
+}
+
+double ColumnSum(const Table<double>& matrix) {
+    double sum = 0;
+    for (std::ptrdiff_t i = 0; i <= matrix.UpperBound1(); ++i)
+        sum = sum + matrix(i, 0);
     return sum;
 }
 

@@ -16,11 +16,13 @@ struct LocalScore {
 LocalScore LocalScoreOf(const double* weights, const Array1<double>& observed, const Array1<double>& expected,
                         double total, std::ptrdiff_t n);
 
-/// D - Q for shares p (1..n), with a zero base: D(i, i) = p(i + 1), Q(i, j) = p(i + 1) * p(j + 1).
+/// D - Q for shares p (1..n), with a zero base: D(i, i) = p(i + 1) and 0 elsewhere, Q(i, j) = p(i + 1) *
+/// p(j + 1).
 Table<double> ShareCovariance(const Array1<double>& shares, std::ptrdiff_t n);
 
-/// The sum of the diagonal, in order.
+/// The sum of the diagonal, and that of a matrix's first column, in order.
 double Trace(const Table<double>& matrix);
+double ColumnSum(const Table<double>& matrix);
 
 struct Moments {
     double Mean = 0;

@@ -79,11 +79,10 @@ void ScoreMoments(const Table<double>& P) {
     RunProcedure(
         "ScoreMoments",
         [&P] {
-            const Table<double> V = ShareCovariance(ws.ExpRatio, ws.NumRegion);
-            const Table<double> A = cMathLib().Multiply(P, V);
+            const Table<double> A = cMathLib().Multiply(P, ShareCovariance(ws.ExpRatio, ws.NumRegion));
             const Table<double> B = cMathLib().Multiply(A, A);
-            const Table<double> C = cMathLib().Multiply(B, A);
-            StoreMoments(MomentsOf(Trace(A), Trace(B), Trace(C), ws.TotalObs));
+            const Table<double> C = ProductDiagonal(B, A);
+            StoreMoments(MomentsOf(Trace(A), Trace(B), ColumnSum(C), ws.TotalObs));
         },
         [] { StoreMoments({}); });
 }

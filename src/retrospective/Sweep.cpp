@@ -98,6 +98,7 @@ bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules&
     ws.BandwidthCount = RoundToInt16(std::fabs(range.From - range.To) / range.Step + 1);
     if (ws.CurrentSigma == 0) ws.CurrentSigma = SigmaForZero;
     if (rules.TakesNumTextRegion) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
+    PrepareRun(variable);
     Allocate();
     platform().SetBusyPointer(true);
 

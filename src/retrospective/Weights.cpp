@@ -8,29 +8,32 @@
 #include "retrospective/StudyArea.h"
 #include "workspace/Workspace.h"
 
-#include <algorithm>
+#include <array>
 
 namespace vastrel {
 
+void TakePointCount() {
+    if (ws.bTextfileData && !ws.bShapefileData) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
+}
+
 void TakePointDataset() {
-    if (!ws.bTextfileData || ws.bShapefileData) return;
-    ws.NumRegion = RoundToInt32(ws.NumTextRegion);
-    ws.TotalShapeArea = 0;
-    ws.TotalShapeArea = PointStudyArea();
+    TakePointCount();
+    if (ws.bTextfileData && !ws.bShapefileData) ws.TotalShapeArea = PointStudyArea();
+}
+
+void RequireMemoryForTables(int tables, const char* source) {
+    const double n = Counter16(ws.NumRegion);
+    RequireMemory((n + 1) * (n + 1) * sizeof(double) * tables, source);
 }
 
 namespace {
 
-/// N for a build of `tables` tables of N x N, after the checks that come before memory is taken.
-std::ptrdiff_t CheckedSize(int tables, const char* source) {
-    const std::ptrdiff_t n = Counter16(ws.NumRegion);
-    const double bytes = static_cast<double>(n + 1) * static_cast<double>(n + 1) * sizeof(double);
-    RequireMemory(bytes * tables, source);
-    return n;
+/// The tables of BuildScoreWeights, those that count the Regions from 1 and those with a zero base.
+auto WeightTables() {
+    return std::array{&ws.WeightUnadjusted, &ws.WeightAdjusted};
 }
-
-MatrixView Used(const Table<double>& table, std::ptrdiff_t n) {
-    return {table.row(1) + 1, n, n, table.stride()};
+auto GramTables() {
+    return std::array{&ws.ScoreGramPlain, &ws.ScoreGramAdjusted};
 }
 
 /// A fault of the kernel itself is told before its values go any further: a sigma whose square overflows
@@ -38,47 +41,57 @@ MatrixView Used(const Table<double>& table, std::ptrdiff_t n) {
 void NormalisedKernel(Table<double>& weights, std::ptrdiff_t n) {
     RunProcedure(
         "GaussianKernel",
-        [&] { GaussianKernel(ws.RegionCentroid, n, ws.TotalShapeArea, ws.CurrentSigma, weights); }, [] {});
+        [&] {
+            TakeDistances(ws.RegionCentroid, n, ws.Distances);
+            GaussianKernel(ws.Distances, n, ws.TotalShapeArea, ws.CurrentSigma, weights);
+        },
+        [] { ws.Distances = {}; });
     RowNormalise(weights, n);
 }
 
 void ComputeScoreWeights(std::ptrdiff_t n) {
-    NormalisedKernel(ws.WeightScore, n);
-    DenseGram(Used(ws.WeightScore, n), ws.ScoreGram.row(1) + 1, ws.ScoreGram.stride());
-    ScaleGramByShares(ws.ScoreGram, ws.ExpRatio, n, ws.ScoreGramAdjusted);
-    for (std::ptrdiff_t i = 1; i <= n; ++i)
-        std::copy_n(ws.ScoreGram.row(i) + 1, n, ws.ScoreGramPlain.row(i - 1));
-    ScaleColumnsByExpected(ws.WeightScore, ws.ExpCount, n, ws.WeightAdjusted);
-    ws.WeightUnadjusted = ws.WeightScore;
+    NormalisedKernel(ws.WeightUnadjusted, n);
+    DenseGram({ws.WeightUnadjusted.row(1) + 1, n, n, ws.WeightUnadjusted.stride()}, ws.ScoreGramPlain.row(0),
+              ws.ScoreGramPlain.stride());
+    ScaleGramByShares(ws.ScoreGramPlain, ws.ExpRatio, n, ws.ScoreGramAdjusted);
+    ScaleColumnsByExpected(ws.WeightUnadjusted, ws.ExpCount, n, ws.WeightAdjusted);
+}
+
+void ClearScoreWeights() {
+    for (auto* table : WeightTables())
+        table->Clear();
+    for (auto* table : GramTables())
+        table->Clear();
+}
+
+void ZeroScoreWeights() {
+    for (auto* table : WeightTables())
+        table->SetZero();
+    for (auto* table : GramTables())
+        table->SetZero();
 }
 
 } // namespace
 
 void BuildScoreWeights() {
-    constexpr int tables = 11; // six here, and five that the moments need beside them
-    for (auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.ScoreGramPlain, &ws.ScoreGramAdjusted,
-                        &ws.WeightUnadjusted, &ws.WeightAdjusted})
-        table->Clear();
+    ClearScoreWeights();
     TakePointDataset();
-    const std::ptrdiff_t n = CheckedSize(tables, "BuildScoreWeights");
-    for (auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.WeightUnadjusted, &ws.WeightAdjusted})
+    RequireMemoryForTables(TablesOfScoreWeights, "BuildScoreWeights");
+    const std::ptrdiff_t n = ws.NumRegion;
+    for (auto* table : WeightTables())
         table->ReDim(n, n);
-    for (auto* table : {&ws.ScoreGramPlain, &ws.ScoreGramAdjusted})
+    for (auto* table : GramTables())
         table->ReDim(n - 1, n - 1);
     if (n == 0) return;
     RunProcedure(
-        "BuildScoreWeights", [n] { ComputeScoreWeights(n); },
-        [] {
-            for (auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.ScoreGramPlain, &ws.ScoreGramAdjusted,
-                                &ws.WeightUnadjusted, &ws.WeightAdjusted})
-                table->SetZero();
-        });
+        "BuildScoreWeights", [n] { ComputeScoreWeights(n); }, ZeroScoreWeights);
 }
 
 void BuildMWeights() {
     ws.WeightM.Clear();
     TakePointDataset();
-    const std::ptrdiff_t n = CheckedSize(1, "BuildMWeights");
+    RequireMemoryForTables(TablesOfMWeights, "BuildMWeights");
+    const std::ptrdiff_t n = ws.NumRegion;
     ws.WeightM.ReDim(n, n);
     if (n == 0) return;
     RunProcedure(

@@ -2,8 +2,8 @@
 
 namespace vastrel {
 
-/// The kernel matrices of the score statistic for CurrentSigma: WeightScore, ScoreGram, ScoreGramPlain,
-/// ScoreGramAdjusted, WeightUnadjusted and WeightAdjusted. Needs RegionCentroid, ExpCount and ExpRatio.
+/// The kernel matrices of the score statistic for CurrentSigma: WeightUnadjusted, WeightAdjusted,
+/// ScoreGramPlain and ScoreGramAdjusted. Needs RegionCentroid, ExpCount and ExpRatio.
 ///
 /// For a point dataset NumRegion and TotalShapeArea are taken first, from NumTextRegion and PointStudyArea.
 /// Run-time errors: 6 for more Regions than a 16-bit counter holds, 7 where the matrices would not fit in
@@ -18,5 +18,16 @@ void BuildMWeights();
 /// The first step of both builders: NumRegion and TotalShapeArea of a point dataset. The values of a polygon
 /// dataset stay as the data input made them.
 void TakePointDataset();
+
+/// Its NumRegion alone.
+void TakePointCount();
+
+/// How many N x N tables the builders fill, the half one of the distances counted whole.
+constexpr int TablesOfScoreWeights = 5;
+constexpr int TablesOfMWeights = 2;
+
+/// Run-time error 7 where tables of N x N doubles would not fit in memory, 6 for more Regions than a 16-bit
+/// counter holds.
+void RequireMemoryForTables(int tables, const char* source);
 
 } // namespace vastrel

@@ -3,6 +3,8 @@
 #include "platform/ArithmeticScope.h"
 #include "platform/Numbers.h"
 
+#include <algorithm>
+
 namespace vastrel {
 
 namespace {
@@ -76,13 +78,34 @@ Table<double> cMathLib::Subtract(const Argument& Mat_1, const Argument& Mat_2) c
     return Elementwise(Mat_1.View, Mat_2.View, SubtractMismatch, [](double a, double b) { return a - b; });
 }
 
-Table<double> cMathLib::Multiply(const Argument& Mat_1, const Argument& Mat_2) const {
-    const MatrixView &a = Mat_1.View, &b = Mat_2.View;
+namespace {
+
+/// A product of matrices that fit.
+template <typename Compute>
+Table<double> GuardedProduct(const MatrixView& a, const MatrixView& b, Compute compute) {
     return Guarded(a, b, [&] {
         RequireFit(a.Columns == b.Rows, MultiplyMismatch,
                    "Dimensions of the two matrices not suitable for multiplication !");
+        return compute();
+    });
+}
+
+} // namespace
+
+Table<double> cMathLib::Multiply(const Argument& Mat_1, const Argument& Mat_2) const {
+    const MatrixView &a = Mat_1.View, &b = Mat_2.View;
+    return GuardedProduct(a, b, [&] {
         Table<double> result(a.Rows - 1, b.Columns - 1);
         DenseProduct(a, b, result.row(0), result.stride());
+        return result;
+    });
+}
+
+Table<double> ProductDiagonal(const cMathLib::Argument& Mat_1, const cMathLib::Argument& Mat_2) {
+    const MatrixView &a = Mat_1.View, &b = Mat_2.View;
+    return GuardedProduct(a, b, [&] {
+        Table<double> result(std::min(a.Rows, b.Columns) - 1, 0);
+        DenseProductDiagonal(a, b, result.row(0));
         return result;
     });
 }

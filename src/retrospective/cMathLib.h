@@ -28,4 +28,7 @@ public:
     Table<double> Multiply(const Argument& Mat_1, const Argument& Mat_2) const;
 };
 
+/// The diagonal of Multiply as a column, for where nothing reads the rest; its errors are those of Multiply.
+Table<double> ProductDiagonal(const cMathLib::Argument& Mat_1, const cMathLib::Argument& Mat_2);
+
 } // namespace vastrel

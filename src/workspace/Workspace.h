@@ -2,6 +2,7 @@
 
 #include "workspace/Arrays.h"
 #include "workspace/Collection.h"
+#include "workspace/PairDistances.h"
 
 #include <cstdint>
 #include <memory>
@@ -111,13 +112,12 @@ struct Workspace {
 
     // ---- Kernel matrices of the last bandwidth
     double CurrentSigma = 0;
+    PairDistances Distances;         // of all bandwidths, for as long as the positions stay
     Table<double> WeightM;           // 0..N, used 1..N: row-normalised kernel
-    Table<double> WeightScore;       // 0..N, used 1..N: the same for the score statistic
-    Table<double> ScoreGram;         // 0..N, used 1..N: WeightScore transposed times WeightScore
-    Table<double> ScoreGramPlain;    // 0..N-1: ScoreGram
-    Table<double> ScoreGramAdjusted; // 0..N-1: ScoreGram scaled by the expected shares
-    Table<double> WeightUnadjusted;  // 0..N, used 1..N: WeightScore
+    Table<double> WeightUnadjusted;  // 0..N, used 1..N: the same for the score statistic
     Table<double> WeightAdjusted;    // 0..N, used 1..N: columns scaled by the expected counts
+    Table<double> ScoreGramPlain;    // 0..N-1: WeightUnadjusted transposed times WeightUnadjusted
+    Table<double> ScoreGramAdjusted; // 0..N-1: the same scaled by the expected shares
 
     // ---- Score statistic
     Array1<double> LocalU, LocalZ;

@@ -14,17 +14,29 @@
 
 using namespace vastrel;
 
-TEST(RowWorkers, EveryRowIsWorkedOnOnce) {
+TEST(RowWorkers, EveryRowIsWorkedOnOnceInEitherKindOfShares) {
     for (const int workers : {1, 2, 3, 7})
         for (const int rows : {0, 1, 2, 3, 10, 100}) {
             std::vector<std::atomic<int>> visits(static_cast<size_t>(rows));
-            RunRowWorkers(workers, EvenShares(rows), [&](RowRange range) {
-                for (auto i = range.First; i < range.Last; ++i)
-                    ++visits[static_cast<size_t>(i)];
-            });
+            for (const auto& shares : {EvenShares(rows), TriangleShares(rows)})
+                RunRowWorkers(workers, shares, [&](RowRange range) {
+                    for (auto i = range.First; i < range.Last; ++i)
+                        ++visits[static_cast<size_t>(i)];
+                });
             for (const auto& count : visits)
-                EXPECT_EQ(count, 1) << rows << " rows, " << workers << " workers";
+                EXPECT_EQ(count, 2) << rows << " rows, " << workers << " workers";
         }
+}
+
+TEST(RowWorkers, SharesOfATriangleHoldAboutTheSameNumberOfElements) {
+    constexpr std::ptrdiff_t n = 1000, workers = 4;
+    for (std::ptrdiff_t worker = 0; worker < workers; ++worker) {
+        const RowRange range = TriangleShares(n)(worker, workers);
+        std::ptrdiff_t elements = 0;
+        for (auto i = range.First; i < range.Last; ++i)
+            elements += n - i;
+        EXPECT_NEAR(static_cast<double>(elements), n * (n + 1) / 2.0 / workers, 2 * n) << worker;
+    }
 }
 
 TEST(RowWorkers, WorkIsSplitOverThreadsAndTheCallerIsOne) {
