@@ -2,6 +2,7 @@
 
 #include "workspace/Workspace.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace vastrel {
@@ -28,9 +29,10 @@ Array1<T> ArrayFrom1(const std::vector<T>& values) {
     return array;
 }
 
-/// Elements 1 to the bound.
+/// Elements 1 to the bound; none of an array that was never dimensioned.
 template <typename T>
 std::vector<T> From1(const Array1<T>& array) {
+    if (!array.IsAllocated()) return {};
     return {array.data() + 1, array.data() + array.UpperBound() + 1};
 }
 
