@@ -15,6 +15,13 @@ TEST(RunTimeError, CarriesNumberSourceAndDescription) {
     EXPECT_EQ(error.Description(), "does not fit");
 }
 
+TEST(RunTimeError, EndsTheCommandAloneUnlessItIsTold) {
+    RunTimeError error(53, "CShapeFile", "File not found");
+    EXPECT_FALSE(error.EndsProcess());
+    error.SetEndsProcess();
+    EXPECT_TRUE(error.EndsProcess());
+}
+
 TEST(RunTimeError, HasTheCustomaryNumbersAndWords) {
     const std::pair<long, const char*> customary[] = {{5, "Invalid procedure call or argument"},
                                                       {6, "Overflow"},
@@ -29,7 +36,9 @@ TEST(RunTimeError, HasTheCustomaryNumbersAndWords) {
                                                       {70, "Permission denied"},
                                                       {75, "Path/File access error"},
                                                       {91, "Object variable not set"},
+                                                      {94, "Invalid use of Null"},
                                                       {3021, "No current record"},
+                                                      {3265, "Item not found in this collection"},
                                                       {4711, "Application-defined error"}};
     for (const auto& [number, words] : customary)
         EXPECT_EQ(CustomaryText(number), words) << number;

@@ -154,6 +154,13 @@ TEST(TextFile, TakesBoundedMemoryForALineOfAHundredMegabytes) {
     EXPECT_LT(PeakMemory() - before, HundredMegabytes);
 }
 
+TEST(CountLines, CountsWhatIsRead) {
+    const TemporaryFolder folder;
+    for (const auto& [bytes, count] : {std::pair{"", 0}, {"a", 1}, {"a\n", 1}, {"a\n\n", 2}, {"a\r\rb", 3}})
+        EXPECT_EQ(CountLines(folder.Write("lines.txt", bytes)), count) << bytes;
+    EXPECT_EQ(NumberOf([&] { CountLines(folder / "missing.txt"); }), FileNotFound);
+}
+
 // ---- Fields
 
 TEST(SplitAtCommas, GivesTheFieldsAsTheyStand) {

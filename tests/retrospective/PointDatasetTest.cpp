@@ -125,7 +125,13 @@ TEST(PointDataset, ReplacesAnEarlierOneWhole) {
     ASSERT_TRUE(LoadBytes(ThreeRegions, PointFormat::PopCase));
     ws.PlottedPoints.ReDim(3);
     ws.ScaleX = ws.ScaleY = 3;
+    const auto mapped = {&ws.MapClassScore, &ws.MapDrawScore,       &ws.MapClassM,
+                         &ws.MapDrawM,      &ws.DisplayClassValues, &ws.DisplayDrawValues};
+    for (auto* values : mapped)
+        values->ReDim(3);
     ASSERT_TRUE(LoadBytes("X,7,8,2,1\n", PointFormat::ObsExp));
+    for (const auto* values : mapped)
+        EXPECT_FALSE(values->IsAllocated());
     EXPECT_EQ(ws.NumTextRegion, 1);
     EXPECT_EQ(IDs(), (std::vector<std::string>{"X"}));
     EXPECT_EQ(From1(ws.PopBase), (Values{0})); // not the population of before
