@@ -1,7 +1,6 @@
 #include "retrospective/PointDataset.h"
 
 #include "platform/TextFile.h"
-#include "retrospective/PointExpected.h"
 #include "retrospective/Weights.h"
 #include "support/Errors.h"
 #include "support/PeakMemory.h"
@@ -401,19 +400,4 @@ TEST(PointDataset, SurvivesEveryTruncation) {
         // Whole from the last digit on, with or without the line end behind it.
         EXPECT_EQ(loaded && ws.NumTextRegion == 2, length >= bytes.size() - 1) << length;
     }
-}
-
-TEST(PointExpected, SumsInOrder) {
-    // 1e16 + 1 + 1 is 1e16 from the left and 1e16 + 2 from the right.
-    ws = Workspace{};
-    ws.ObsCount = ArrayFrom1<double>({1e16, 1, 1});
-    ws.ExpCount = ArrayFrom1<double>({1, 1, 1});
-    ws.ExpRatio.ReDim(3);
-    SharesOfExpected();
-    EXPECT_EQ(ws.TotalObs, 1e16);
-    ws.PopBase = ws.ObsCount;
-    ws.ObsCount = ws.ExpCount;
-    ExpectedFromPopulation();
-    EXPECT_EQ(ws.TotalObs, 3);
-    EXPECT_EQ(ws.ExpRatio(2), 1e-16);
 }
