@@ -23,8 +23,11 @@ std::vector<std::string> Words(int argc, char** argv) {
         words.push_back(emptyValue ? word.substr(0, word.size() - 1) : word);
         if (emptyValue) words.emplace_back();
     }
-    const auto command = std::find(words.begin(), words.end(), PValueCommand);
-    if (words.end() - command > 1 && command[1].rfind("-", 0) != 0) words.insert(command + 1, "--");
+    const auto command =
+        std::find_if(words.begin(), words.end(), [](const auto& word) { return word.rfind("-", 0) != 0; });
+    const bool isPValue = command != words.end() && *command == PValueCommand;
+    if (isPValue && words.end() - command > 1 && command[1].rfind("-", 0) != 0)
+        words.insert(command + 1, "--");
     std::reverse(words.begin(), words.end());
     return words;
 }

@@ -29,3 +29,17 @@ TEST(PValueCommand, TellsWrongUse) {
     EXPECT_EQ(RunBatch({"p-value", "normal"}).Status, 2);
     EXPECT_EQ(RunBatch({"p-value", "normal", "1", "2"}).Status, 2);
 }
+
+TEST(PValueCommand, TakesWordsThatBeginWithAMinusSign) {
+    EXPECT_EQ(RunBatch({"p-value", "normal", "-1.96"}), RunBatch({"p-value", "normal", "1.96"}));
+    EXPECT_EQ(RunBatch({"p-value", "normal", "-1.96"}).Output, "0.02495800\n"); // by the Python reference
+    EXPECT_EQ(RunBatch({"p-value", "normal", "-"}), (BatchResult{3, "", "Z-score should be numeric.\n"}));
+    EXPECT_EQ(RunBatch({"p-value", "normal", "-x"}), (BatchResult{3, "", "Z-score should be numeric.\n"}));
+    EXPECT_EQ(RunBatch({"p-value", "chi-square", "-3", "2"}).Status, 4);
+}
+
+TEST(PValueCommand, StopsAtNumbersTooLarge) {
+    EXPECT_EQ(RunBatch({"p-value", "normal", "1e400"}).Status, 4);
+    EXPECT_EQ(RunBatch({"p-value", "chi-square", "3", "32768"}).Status, 4);
+    EXPECT_EQ(RunBatch({"p-value", "normal", "-1e300"}).Status, 4);
+}

@@ -24,7 +24,7 @@ DEFAULT_RANGE = ("0.2", "2.0", "0.2")
 
 def bandwidths(whole, form):
     if not whole:
-        return ["0", "1"] if form == "obs-exp" else [("0", "1", "0.4")]
+        return ["0", "1"] if form == "obs-exp" else [("0.5", "1", "0.6")]
     odd = [("0", "1", "0.3"), ("0", "1", "0.4"), ("0.5", "30", "10")]
     return ["0", "0.5", "1", "2", DEFAULT_RANGE] + odd
 

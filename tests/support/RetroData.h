@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vastrel {
+
+/// One Region of a test's dataset.
+struct RetroRegion {
+    double X = 0, Y = 0;
+    double Obs = 0, Exp = 0;
+};
+
+/// Puts a polygon dataset of these Regions into a fresh store: ids "1", "2", ..., a study area, the shares of
+/// the expected counts, alpha 0.05.
+void TakeRetroRegions(const std::vector<RetroRegion>& regions, double area);
+
+/// Loads the golden point dataset of five Regions into a fresh store, plotted as on the point screen.
+void TakeFivePoints();
+
+/// The golden file of that dataset, say GoldenFive("rossi", "range", "lists").
+std::string GoldenFive(const std::string& variable, const std::string& kind, const std::string& what);
+
+} // namespace vastrel
