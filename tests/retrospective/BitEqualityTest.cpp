@@ -116,7 +116,7 @@ long NumberOf(const std::function<void()>& run) {
 
 } // namespace
 
-TEST(RetroVariable, SingleRunsEqualThePlainLoopsInEveryBitOnEveryMachine) {
+TEST(BitEquality, SingleRunsEqualThePlainLoopsInEveryBitOnEveryMachine) {
     const Workspace dataset = Country();
     for (const auto variable : Variables)
         for (const double sigma : {SigmaForZero, 0.7}) {
@@ -135,7 +135,7 @@ TEST(RetroVariable, SingleRunsEqualThePlainLoopsInEveryBitOnEveryMachine) {
         }
 }
 
-TEST(RetroVariable, SweepsEqualThePlainLoopsInEveryBitOnEveryMachine) {
+TEST(BitEquality, SweepsEqualThePlainLoopsInEveryBitOnEveryMachine) {
     ScriptedPlatform platform;
     const Workspace dataset = Country();
     for (const auto variable : Variables) {
@@ -151,7 +151,7 @@ TEST(RetroVariable, SweepsEqualThePlainLoopsInEveryBitOnEveryMachine) {
     }
 }
 
-TEST(RetroVariable, MatricesEqualThePlainOnes) {
+TEST(BitEquality, MatricesEqualThePlainOnes) {
     Workspace plain = Country();
     plain.CurrentSigma = ws.CurrentSigma = 0.7;
     PlainSingle(RetroVariable::AdjustedPoisson, plain);
@@ -164,7 +164,7 @@ TEST(RetroVariable, MatricesEqualThePlainOnes) {
     EXPECT_TRUE(SameBits(ws.ScoreGramAdjusted, plain.ScoreGramAdjusted));
 }
 
-TEST(RetroVariable, ChangedPositionsAreSeen) {
+TEST(BitEquality, ChangedPositionsAreSeen) {
     Workspace plain = Country();
     ws.CurrentSigma = plain.CurrentSigma = 1;
     RunSingleProcedures(RetroVariable::Rossi);
@@ -180,7 +180,7 @@ TEST(RetroVariable, ChangedPositionsAreSeen) {
     ExpectSameResults(plain);
 }
 
-TEST(RetroVariable, AFaultOfTheDistancesIsToldAtEveryRun) {
+TEST(BitEquality, AFaultOfTheDistancesIsToldAtEveryRun) {
     Country();
     ws.CurrentSigma = 1;
     ws.RegionCentroid(3).X = 1e200; // its square overflows
@@ -189,7 +189,7 @@ TEST(RetroVariable, AFaultOfTheDistancesIsToldAtEveryRun) {
     EXPECT_EQ(NumberOf(BuildScoreWeights), Overflow);
 }
 
-TEST(RetroVariable, MatricesAreGivenBackWithTheirLastReader) {
+TEST(BitEquality, MatricesAreGivenBackWithTheirLastReader) {
     for (const auto variable : Variables) {
         Country();
         ws.CurrentSigma = 1;
@@ -200,7 +200,7 @@ TEST(RetroVariable, MatricesAreGivenBackWithTheirLastReader) {
     }
 }
 
-TEST(RetroVariable, ARunBeyondTheMemoryStopsBeforeItStarts) {
+TEST(BitEquality, ARunBeyondTheMemoryStopsBeforeItStarts) {
     // 32767 Regions and their tables: 5 * 32768^2 * 8 bytes are 40 GiB.
     Country();
     ws.NumRegion = 32767;
@@ -218,7 +218,7 @@ TEST(RetroVariable, ARunBeyondTheMemoryStopsBeforeItStarts) {
     EXPECT_EQ(NumberOf([] { PrepareRun(RetroVariable::Rossi); }), Overflow);
 }
 
-TEST(RetroVariable, PValuesEqualThePlainIntegration) {
+TEST(BitEquality, PValuesEqualThePlainIntegration) {
     for (const double z : {0.0, 1e-9, 0.00005, 1.0, 1.96, -3.0, 4.5, -4.7, -45.0})
         EXPECT_TRUE(SameBits(NormalPValue(z), PlainNormalPValue(z))) << z;
 }
