@@ -56,7 +56,7 @@ void FillWithWeights(std::int32_t n) {
 }
 
 void ExpectZeroMatrices(std::ptrdiff_t n) {
-    for (const auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.WeightUnadjusted, &ws.WeightAdjusted})
+    for (const auto* table : {&ws.WeightUnadjusted, &ws.WeightAdjusted})
         EXPECT_EQ(*table, Table<double>(n, n));
     for (const auto* table : {&ws.ScoreGramPlain, &ws.ScoreGramAdjusted})
         EXPECT_EQ(*table, Table<double>(n - 1, n - 1));
@@ -197,7 +197,7 @@ TEST(Faults, AreNoneWhereARegionIsAlone) {
     EXPECT_EQ(NumberOf(BuildMWeights), 0);
     EXPECT_EQ(ws.WeightM(1, 1), 1);
     EXPECT_EQ(NumberOf(BuildScoreWeights), 0);
-    EXPECT_EQ(ws.ScoreGram(1, 1), 1);
+    EXPECT_EQ(ws.ScoreGramPlain(0, 0), 1);
 }
 
 TEST(Faults, OfExpectedCountsStopTheScoreWeights) {

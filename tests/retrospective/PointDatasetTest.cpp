@@ -151,7 +151,7 @@ TEST(PointDataset, ReadsARecordAlone) {
     ws.CurrentSigma = 1;
     BuildScoreWeights(); // no study area, and none needed
     EXPECT_EQ(ws.NumRegion, 1);
-    EXPECT_EQ(ws.WeightScore(1, 1), 1);
+    EXPECT_EQ(ws.WeightUnadjusted(1, 1), 1);
 }
 
 TEST(PointDataset, ReadsNothingWithoutAFormat) {
@@ -354,7 +354,7 @@ TEST(PointDataset, LoadsMoreRegionsThanTheTestsTake) {
     EXPECT_EQ(NumberOf(BuildScoreWeights), Overflow);
     EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
     EXPECT_LT(PeakMemory() - before, HundredMegabytes);
-    EXPECT_FALSE(ws.WeightScore.IsAllocated());
+    EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
     EXPECT_FALSE(ws.WeightM.IsAllocated());
 }
 
