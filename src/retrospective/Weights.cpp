@@ -18,7 +18,9 @@ void TakePointCount() {
 
 void TakePointDataset() {
     TakePointCount();
-    if (ws.bTextfileData && !ws.bShapefileData) ws.TotalShapeArea = PointStudyArea();
+    if (!ws.bTextfileData || ws.bShapefileData) return;
+    ws.TotalShapeArea = 0; // an area that cannot be had leaves none of an earlier map
+    ws.TotalShapeArea = PointStudyArea();
 }
 
 void RequireMemoryForTables(int tables, const char* source) {

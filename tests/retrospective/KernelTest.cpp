@@ -85,9 +85,9 @@ TEST(RowNormalise, FollowsTheRegionsWhenTwoAreSwapped) {
 }
 
 TEST(KernelScalings, DivideByRootsOfSharesAndOfExpectedCounts) {
-    Table<double> gram(2, 2), plain(1, 1), weights(2, 2), adjusted(2, 2);
-    gram(1, 1) = gram(2, 2) = 1;
-    gram(1, 2) = gram(2, 1) = 0.5;
+    Table<double> gram(1, 1), plain(1, 1), weights(2, 2), adjusted(2, 2);
+    gram(0, 0) = gram(1, 1) = 1;
+    gram(0, 1) = gram(1, 0) = 0.5;
     Array1<double> shares(2), expected(2);
     shares(1) = 0.2;
     shares(2) = 0.8;

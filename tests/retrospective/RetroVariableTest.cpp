@@ -35,7 +35,7 @@ TEST(RetroVariable, RunsOnlyTheProceduresOfItsOwn) {
 
     TakeThree();
     RunSingleProcedures(RetroVariable::Rossi);
-    EXPECT_FALSE(ws.WeightScore.IsAllocated());
+    EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
     EXPECT_EQ(ws.DevRossi(1), 2.25); // (9 - 12 + 2 * 6) / 4
     EXPECT_FALSE(ws.DevFreemanTukey.IsAllocated());
 

@@ -343,11 +343,11 @@ TEST(TakePointDataset, LeavesNoAreaAndNoWeightsAfterAnOverflow) {
     ws.ExpCount = ws.ExpRatio = ArrayFrom1<double>({1, 1, 1});
     BuildMWeights();
     BuildScoreWeights();
-    ASSERT_TRUE(ws.WeightM.IsAllocated() && ws.WeightScore.IsAllocated());
+    ASSERT_TRUE(ws.WeightM.IsAllocated() && ws.WeightUnadjusted.IsAllocated());
     ws.PlottedPoints = ArrayFrom1<PlotPoint>({{0, 0}, {50000, 0}, {0, 50000}});
     EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
     EXPECT_EQ(NumberOf(BuildScoreWeights), Overflow);
     EXPECT_FALSE(ws.WeightM.IsAllocated());
-    EXPECT_FALSE(ws.WeightScore.IsAllocated());
+    EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
     EXPECT_EQ(ws.TotalShapeArea, 0);
 }

@@ -20,8 +20,8 @@ bool IsZero(const Table<double>& table) {
 }
 
 void ExpectScoreWeightsZero() {
-    for (const auto* table : {&ws.WeightScore, &ws.ScoreGram, &ws.ScoreGramPlain, &ws.ScoreGramAdjusted,
-                              &ws.WeightUnadjusted, &ws.WeightAdjusted})
+    for (const auto* table :
+         {&ws.ScoreGramPlain, &ws.ScoreGramAdjusted, &ws.WeightUnadjusted, &ws.WeightAdjusted})
         EXPECT_TRUE(IsZero(*table));
 }
 
@@ -29,22 +29,19 @@ const std::vector<RetroRegion> Pair{{0, 0, 7, 4}, {1, 0, 13, 16}};
 
 } // namespace
 
-TEST(BuildScoreWeights, FillsTheSixMatrices) {
+TEST(BuildScoreWeights, FillsItsMatrices) {
     TakeRetroRegions(Pair, 2);
     ws.CurrentSigma = 1;
     BuildScoreWeights();
     // a and b of a row: 1 and exp(-1/2) over the root of 1 + exp(-1); shares 0.2 and 0.8.
     const double a = 0.8550196364002437, b = 0.5185956241330958;
     const double same = 1, cross = 2 * a * b; // a a + b b and a b + b a
-    EXPECT_NEAR(ws.WeightScore(1, 2), b, 1e-14);
-    EXPECT_NEAR(ws.ScoreGram(1, 1), same, 1e-14);
-    EXPECT_NEAR(ws.ScoreGram(2, 1), cross, 1e-14);
+    EXPECT_NEAR(ws.WeightUnadjusted(1, 2), b, 1e-14);
     EXPECT_NEAR(ws.ScoreGramPlain(0, 0), same, 1e-14);
     EXPECT_NEAR(ws.ScoreGramPlain(1, 0), cross, 1e-14);
     EXPECT_NEAR(ws.ScoreGramAdjusted(0, 0), same / 0.2, 1e-13);
     EXPECT_NEAR(ws.ScoreGramAdjusted(0, 1), cross / 0.4, 1e-13);
     EXPECT_NEAR(ws.ScoreGramAdjusted(1, 1), same / 0.8, 1e-13);
-    EXPECT_EQ(ws.WeightUnadjusted, ws.WeightScore);
     EXPECT_NEAR(ws.WeightAdjusted(1, 1), a / 2, 1e-14);
     EXPECT_NEAR(ws.WeightAdjusted(1, 2), b / 4, 1e-14);
     EXPECT_NEAR(ws.WeightAdjusted(2, 1), b / 2, 1e-14);
@@ -54,8 +51,8 @@ TEST(BuildScoreWeights, IsOneForASingleRegion) {
     TakeRetroRegions({{3, 4, 5, 4}}, 0); // no area is asked for
     ws.CurrentSigma = 2;
     BuildScoreWeights();
-    EXPECT_EQ(ws.WeightScore(1, 1), 1);
-    EXPECT_EQ(ws.ScoreGram(1, 1), 1);
+    EXPECT_EQ(ws.WeightUnadjusted(1, 1), 1);
+    EXPECT_EQ(ws.ScoreGramPlain(0, 0), 1);
     EXPECT_EQ(ws.WeightAdjusted(1, 1), 0.5);
 }
 
@@ -64,12 +61,13 @@ TEST(BuildScoreWeights, SumsTheGramDownTheColumns) {
     TakeRetroRegions({{0, 0, 1, 1}, {1, 0, 1, 1}, {2, 0, 1, 1}}, 3);
     ws.CurrentSigma = 1;
     BuildScoreWeights();
-    const auto& w = ws.WeightScore;
+    const auto& w = ws.WeightUnadjusted;
     EXPECT_NE(w(1, 2), w(2, 1));
     for (std::ptrdiff_t i = 1; i <= 3; ++i)
         for (std::ptrdiff_t j = 1; j <= 3; ++j)
-            EXPECT_EQ(ws.ScoreGram(i, j), w(1, i) * w(1, j) + w(2, i) * w(2, j) + w(3, i) * w(3, j));
-    EXPECT_GT(ws.ScoreGram(2, 2), 1.01);
+            EXPECT_EQ(ws.ScoreGramPlain(i - 1, j - 1),
+                      w(1, i) * w(1, j) + w(2, i) * w(2, j) + w(3, i) * w(3, j));
+    EXPECT_GT(ws.ScoreGramPlain(1, 1), 1.01);
 }
 
 TEST(BuildScoreWeights, StopsAtAnExpectedCountThatIsNotAboveZero) {
@@ -110,7 +108,7 @@ TEST(BuildMWeights, FillsItsOwnMatrixAlone) {
     BuildMWeights();
     EXPECT_NEAR(ws.WeightM(1, 1), 0.8550196364002437, 1e-14);
     EXPECT_NEAR(ws.WeightM(2, 1), 0.5185956241330958, 1e-14);
-    EXPECT_FALSE(ws.WeightScore.IsAllocated());
+    EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
 }
 
 TEST(BuildMWeights, TellsASigmaWhoseSquareIsTooLargeOrZero) {
