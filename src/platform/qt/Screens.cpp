@@ -1,5 +1,6 @@
 #include "platform/qt/Screens.h"
 
+#include "platform/qt/ErrorBoundary.h"
 #include "platform/qt/Screen.h"
 
 #include <QMdiArea>
@@ -29,6 +30,20 @@ void Screens::Activate(QMdiSubWindow* child) {
 void Screens::UnloadChildren() {
     for (Screen* screen : all_)
         if (screen->ScreenKind() == Screen::Kind::Child) screen->Unload();
+}
+
+void Screens::OnActivate(Screen* screen, std::function<void()> handler) {
+    connect(frame_.Area, &QMdiArea::subWindowActivated, screen, [screen, handler = std::move(handler)](QMdiSubWindow* window) {
+        if (window != nullptr && window->widget() == screen) InBoundary(handler);
+    });
+}
+
+void Screens::EnableEntry(const char* entry, bool enabled) const {
+    if (frame_.EnableEntry) frame_.EnableEntry(entry, enabled);
+}
+
+void Screens::ShowStatus(const std::string& text) const {
+    if (frame_.ShowStatus) frame_.ShowStatus(text);
 }
 
 QSize Screens::FrameSize() const {

@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 class QMdiArea;
@@ -24,6 +25,8 @@ public:
         QMdiArea* Area = nullptr;
         QWidget* Window = nullptr;
         std::function<void()> Show; // loads the frame where it is not loaded
+        std::function<void(const char* entry, bool enabled)> EnableEntry;
+        std::function<void(const std::string& text)> ShowStatus;
     };
 
     void UseFrame(const MainFrame& frame) { frame_ = frame; }
@@ -33,6 +36,15 @@ public:
     /// Makes a child screen a sub-window of the frame, and brings the frame back where it is gone.
     void Admit(Screen* screen);
     void Activate(QMdiSubWindow* child);
+
+    /// A handler for the moments when a child screen becomes the active one.
+    void OnActivate(Screen* screen, std::function<void()> handler);
+
+    /// Enables or disables an entry of the frame's menu, by its name.
+    void EnableEntry(const char* entry, bool enabled) const;
+
+    /// Writes the first panel of the frame's status line.
+    void ShowStatus(const std::string& text) const;
 
     void UnloadChildren();
 

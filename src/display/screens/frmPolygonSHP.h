@@ -1,0 +1,75 @@
+#pragma once
+
+#include "display/PolygonMap.h"
+#include "platform/qt/Screen.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+class QAction;
+
+namespace Ui {
+class frmPolygonSHP;
+}
+
+namespace vastrel {
+
+/// The window of the polygon map: its toolbar, the map, the printed legend beside it, the slider of the
+/// bandwidths.
+///
+/// A drawing that an open, a run or a click asks for shows a closed window again.
+class frmPolygonSHP : public Screen {
+    Q_OBJECT
+
+public:
+    frmPolygonSHP();
+    ~frmPolygonSHP() override;
+
+    void DrawPlainMap();
+    void DrawPlainMapNoPan();
+    void ShowRetroMap(Array1<double>& classValues, const Array1<double>& drawValues);
+    void DrawCusumMap(std::ptrdiff_t period);
+
+    /// Paints one Region, counted from 0, yellow; all others turn white.
+    void DrawHighlight(std::ptrdiff_t region);
+
+    /// Clears the printed legend and draws the outlines.
+    void ClearMap();
+
+    /// What an unload step does: the outlines, without the printed legend; nothing on a closed window.
+    void ClearMapIfOpen(bool withSettledPan);
+
+    /// The tools and commands of the toolbar, by their keys.
+    void EnableButton(const std::string& key, bool enabled);
+    void PressTool(const std::string& key, bool pressed);
+    bool IsToolPressed(const std::string& key) const;
+
+    void ShowMLegend(bool shown);
+    void ShowCusumLegend(bool shown);
+    void HideAnimationControls();
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void BuildToolbar();
+    void Toolbar1_ButtonClick(const std::string& key);
+    void Form_Activate();
+    void Form_Resize();
+    void picSHP_MouseMove(double x, double y);
+    void sliderStatsRange_Change();
+    void Animate();
+
+    PolygonMap Map();
+    void Draw(const std::function<void(const PolygonMap&)>& drawing);
+
+    std::unique_ptr<Ui::frmPolygonSHP> ui_;
+    std::map<std::string, QAction*> buttons_;
+    QSize arranged_; // the size that the map was fitted to last
+};
+
+} // namespace vastrel
