@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstdint>
+
 namespace vastrel {
 
-// The numbers of the errors that the shape classes raise: an offset on a common base.
-constexpr long ShapeErrorBase = 0x80040000L;
+// The numbers of the errors that the shape classes raise: an offset on a common base. Error
+// numbers have 32 bits with a sign: 0x80040203 is -2147220989.
+constexpr long ShapeErrorBase = static_cast<std::int32_t>(0x80040000U);
 
 constexpr long InvalidFileSpec = ShapeErrorBase + 0x203;
 constexpr long RecordMismatch = ShapeErrorBase + 0x205;    // record number in the .shp is not the index

@@ -1,0 +1,24 @@
+#include "support/RaisedError.h"
+
+#include "platform/RunTimeError.h"
+
+namespace vastrel {
+
+std::ostream& operator<<(std::ostream& stream, const RaisedError& error) {
+    return stream << error.Number << " [" << error.Source << "] " << error.Description;
+}
+
+RaisedError ErrorOf(const std::function<void()>& call) {
+    try {
+        call();
+        return {};
+    } catch (const RunTimeError& error) {
+        return {error.Number(), error.Source(), error.Description(), error.EndsProcess()};
+    }
+}
+
+long ErrorNumberOf(const std::function<void()>& call) {
+    return ErrorOf(call).Number;
+}
+
+} // namespace vastrel
