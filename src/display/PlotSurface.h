@@ -32,7 +32,10 @@ struct SurfaceSize {
 /// The sizes of a surface of this outer size, which has a frame of two pixels on each side.
 SurfaceSize FramedSurface(float width, float height);
 
-/// The sizes with which the point maps open.
+/// The sizes with which the maps open.
+inline SurfaceSize PolygonMapSurface() {
+    return FramedSurface(5895, 4095);
+}
 inline SurfaceSize RetroPointSurface() {
     return FramedSurface(5595, 4275);
 }
@@ -60,6 +63,9 @@ public:
 
     /// A circle in a colour of its own, filled by the fill style in force.
     virtual void Circle(double x, double y, double radius, Colour colour) = 0;
+
+    /// A box in a colour of its own, filled by the fill style in force.
+    virtual void Box(double left, double top, double right, double bottom, Colour colour) = 0;
 
     /// A single point as wide as the line width.
     virtual void Point(double x, double y, Colour colour) = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "display/MapZoom.h"
 #include "display/PointSymbol.h"
 #include "display/PointView.h"
 #include "retrospective/RetroVariable.h"
@@ -64,8 +65,8 @@ const Array1<double>& MapDrawValues(RetroVariable variable);
 /// The local values that a single run's legend is built from, and sorts: MapClassScore or MapClassM.
 Array1<double>& MapClassValues(RetroVariable variable);
 
-/// The zooms of the point maps at the start and at full extent.
-constexpr double RetroPointZoom = 1.2;
-constexpr double ProspectivePointZoom = 1.0;
+/// The zooms with which the point maps start.
+constexpr double RetroPointZoom = RetroPointMapZoom.Start;
+constexpr double ProspectivePointZoom = ProspectivePointMapZoom.Start;
 
 } // namespace vastrel

@@ -6,18 +6,15 @@ namespace vastrel {
 
 /// Where the points of a text dataset stand on a plot surface: the data rectangle with its margin, its fit
 /// to the surface, and the offsets of zoom and pan. Each point map owns one.
-struct PointView {
+struct PointView : MapPan {
     double DataXMin = 0, DataXMax = 0, DataYMin = 0, DataYMax = 0;
     double MarginX = 0, MarginY = 0; // a twentieth of the range on each side
     double ViewXMin = 0, ViewYMax = 0, ViewWidth = 0, ViewHeight = 0;
     double ViewAspect = 0, ViewFactor = 0;
-    double DrawnWidth = 0, DrawnHeight = 0;  // the whole view on the surface, in pixels
-    double ScaleX = 0, ScaleY = 0;           // pixels per map unit
-    double MapShiftX = 0, MapShiftY = 0;     // map units
-    double MapCentreX = 0, MapCentreY = 0;   // pixels; the settled pan included
-    double PanDX = 0, PanDY = 0;             // the last drag, in pixels
-    double PanSettledX = 0, PanSettledY = 0; // the finished drags
-    double PanStartX = 0, PanStartY = 0;
+    double DrawnWidth = 0, DrawnHeight = 0; // the whole view on the surface, in pixels
+    double ScaleX = 0, ScaleY = 0;          // pixels per map unit
+    double MapShiftX = 0, MapShiftY = 0;    // map units
+    double MapCentreX = 0, MapCentreY = 0;  // pixels; the settled pan included
     double PointZoom = 1;
 
     /// The view has an area; without one nothing is drawn.

@@ -125,9 +125,13 @@ std::ptrdiff_t SweepStepOfRow(std::ptrdiff_t row) {
     return step >= 0 && step < ws.BandwidthCount ? step : -1;
 }
 
-void SelectSweepStep(std::ptrdiff_t k) {
+void TakeSweepValues(std::ptrdiff_t k) {
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
         ws.DisplayClassValues(i) = ws.DisplayDrawValues(i) = ws.StatisticTable(i, k);
+}
+
+void SelectSweepStep(std::ptrdiff_t k) {
+    TakeSweepValues(k);
     ws.CurrentSigma = ws.BandwidthList(k);
 }
 

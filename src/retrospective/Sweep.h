@@ -21,6 +21,9 @@ namespace vastrel {
 bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
               const std::function<void(const std::string&)>& addRow);
 
+/// Takes the local values of step k of the last sweep (from 0) into DisplayClassValues and DisplayDrawValues.
+void TakeSweepValues(std::ptrdiff_t k);
+
 /// Takes step k of the last sweep (from 0) for the map: its local values into DisplayClassValues and
 /// DisplayDrawValues, its bandwidth into CurrentSigma.
 void SelectSweepStep(std::ptrdiff_t k);

@@ -2,6 +2,7 @@
 
 #include "workspace/Arrays.h"
 #include "workspace/Collection.h"
+#include "workspace/MapView.h"
 #include "workspace/PairDistances.h"
 
 #include <cstdint>
@@ -109,6 +110,9 @@ struct Workspace {
         PlottedPoints; // positions at the last drawing; the hull of the study area reorders them
     double ScaleX = 0; // plot units per map unit
     double ScaleY = 0;
+
+    // ---- Polygon map
+    PolygonMapView PolygonView;
 
     // ---- Kernel matrices of the last bandwidth
     double CurrentSigma = 0;

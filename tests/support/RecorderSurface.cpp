@@ -47,6 +47,10 @@ void RecorderSurface::Circle(double x, double y, double radius, Colour colour) {
     operations_ += "circle " + At(x, y) + " " + Num(radius, "0.000") + " " + Hex(colour) + "\n";
 }
 
+void RecorderSurface::Box(double left, double top, double right, double bottom, Colour colour) {
+    operations_ += "box " + At(left, top) + " " + At(right, bottom) + " " + Hex(colour) + "\n";
+}
+
 void RecorderSurface::Point(double x, double y, Colour colour) {
     operations_ += "point " + At(x, y) + " " + Hex(colour) + "\n";
 }

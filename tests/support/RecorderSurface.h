@@ -20,6 +20,7 @@ public:
     void SetFill(Colour colour) override;
     void Polygon(const std::vector<PlotPoint>& corners) override;
     void Circle(double x, double y, double radius, Colour colour) override;
+    void Box(double left, double top, double right, double bottom, Colour colour) override;
     void Point(double x, double y, Colour colour) override;
     void Text(double x, double y, const std::string& text) override;
     void Refresh() override;

@@ -54,6 +54,14 @@ void PaintedSurface::Circle(double x, double y, double radius, Colour colour) {
     painter.drawEllipse(QPointF(x + 0.5, y + 0.5), radius, radius);
 }
 
+void PaintedSurface::Box(double left, double top, double right, double bottom, Colour colour) {
+    QPainter& painter = Painter();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(PenOf(colour));
+    painter.setBrush(Brush());
+    painter.drawRect(QRectF(QPointF(left + 0.5, top + 0.5), QPointF(right + 0.5, bottom + 0.5)));
+}
+
 void PaintedSurface::Point(double x, double y, Colour colour) {
     QPainter& painter = Painter();
     painter.setRenderHint(QPainter::Antialiasing, true);

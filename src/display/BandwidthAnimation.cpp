@@ -1,0 +1,24 @@
+#include "display/BandwidthAnimation.h"
+
+#include "platform/Numbers.h"
+#include "platform/Platform.h"
+#include "retrospective/Sweep.h"
+
+namespace vastrel {
+
+bool AnimateBandwidths(const PolygonMap& map, const AnimationScreen& screen) {
+    for (std::ptrdiff_t k = 0; k < ws.BandwidthCount; ++k) {
+        TakeSweepValues(k);
+        platform().Yield(BandwidthFrameDelay);
+        if (!screen.IsStillShown()) return false;
+        ShowRetroMap(map, ws.DisplayClassValues, ws.DisplayDrawValues);
+        screen.SelectRow(RowOfSweepStep(k));
+    }
+    return true;
+}
+
+std::string BandwidthTip(std::ptrdiff_t k) {
+    return "Bandwidth=" + Num(ws.BandwidthList(k), "0.000");
+}
+
+} // namespace vastrel

@@ -1,0 +1,91 @@
+#include "display/PolygonMap.h"
+
+#include "display/LegendClasses.h"
+#include "display/MapZoom.h"
+#include "display/Pan.h"
+#include "display/PolygonLegend.h"
+#include "display/PolygonPainter.h"
+#include "spatial/Centroids.h"
+
+namespace vastrel {
+
+namespace {
+
+void ShowDisplayValues(const PolygonMap& map) {
+    ShowRetroMap(map, ws.DisplayClassValues, ws.DisplayDrawValues);
+}
+
+void AddZoomSteps(int steps, double step) {
+    for (int i = 0; i < steps; ++i)
+        ws.MapZoom += step;
+}
+
+/// The steps of a press behind the first.
+int FurtherSteps() {
+    return (ws.bRetroMapping ? PolygonMapZoom.StepsOnStatisticMap : PolygonMapZoom.StepsOnOtherMaps) - 1;
+}
+
+} // namespace
+
+void ShowRetroMap(const PolygonMap& map, Array1<double>& classValues, const Array1<double>& drawValues) {
+    map.Form.Erase();
+    BuildLegend(classValues, map.Variable);
+    PrintPolygonLegend(map.Form, map.Variable);
+    DrawStatisticMap(map.picSHP, drawValues);
+}
+
+void RedrawByMode(const PolygonMap& map) {
+    if (ws.bRetroMapping)
+        ShowDisplayValues(map);
+    else if (ws.bCusumMapping)
+        DrawCusumMap(map.picSHP, ws.SelectedPeriod);
+    else
+        DrawPlainMap(map.picSHP);
+}
+
+bool HasRetroMap() {
+    return ws.NumRegion > 0 && ws.DisplayClassValues.UpperBound() == ws.NumRegion &&
+           ws.DisplayDrawValues.UpperBound() == ws.NumRegion;
+}
+
+void RedrawResized(const PolygonMap& map) {
+    DrawPlainMap(map.picSHP);
+    if (!ws.bRetroMapping || HasRetroMap()) RedrawByMode(map);
+}
+
+void RedrawActivated(const PolygonMap& map) {
+    if (!ws.bRetroMapping) return;
+    if (HasRetroMap())
+        ShowDisplayValues(map);
+    else
+        DrawPlainMap(map.picSHP);
+}
+
+void ShowWholeExtent(const PolygonMap& map) {
+    map.Form.Erase();
+    ws.MapZoom = PolygonMapZoom.FullExtent;
+    DropSettledPan(ws.PolygonView);
+    RedrawByMode(map);
+}
+
+void ZoomIn(const PolygonMap& map) {
+    map.Form.Erase();
+    AddZoomSteps(1 + FurtherSteps(), PolygonMapZoom.Step);
+    RedrawByMode(map);
+}
+
+void ZoomOut(const PolygonMap& map) {
+    map.Form.Erase();
+    AddZoomSteps(1, -PolygonMapZoom.Step);
+    DrawPlainMapNoPan(map.picSHP);
+    AddZoomSteps(FurtherSteps(), -PolygonMapZoom.Step);
+    RedrawByMode(map);
+}
+
+void ShowCentroids(PlotSurface& picSHP) {
+    DrawPlainMap(picSHP);
+    ComputeCentroids();
+    DrawCentroidPoints(picSHP);
+}
+
+} // namespace vastrel
