@@ -14,6 +14,11 @@ enum class FieldType { Integer = 3, Double = 5, Date = 7, Logical = 11, Text = 2
 /// The type of a column of this native letter, width and number of decimals.
 FieldType TypeOfColumn(char letter, int width, int decimals);
 
+/// Whether a column of this type can hold counts: integer or double.
+constexpr bool IsNumberType(FieldType type) {
+    return type == FieldType::Integer || type == FieldType::Double;
+}
+
 /// A value of an attribute table: null, a number, a logical, or a text (dates too).
 class FieldValue {
 public:
