@@ -14,12 +14,16 @@ Screens& screens() {
 void Screens::Admit(Screen* screen) {
     if (screen->ScreenKind() != Screen::Kind::Child || frame_.Area == nullptr) return;
     frame_.Show();
-    if (qobject_cast<QMdiSubWindow*>(screen->parentWidget()) != nullptr) return;
-    QMdiSubWindow* window = frame_.Area->addSubWindow(screen);
-    window->setAttribute(Qt::WA_DeleteOnClose, false);
-    window->setWindowIcon(frame_.Window->windowIcon());
-    window->move(0, 0);
+    auto* window = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
+    if (window == nullptr) {
+        window = frame_.Area->addSubWindow(screen);
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->setWindowIcon(frame_.Window->windowIcon());
+    }
     window->hide();
+    window->setWindowState(Qt::WindowNoState); // as new, also where it was moved or maximised before
+    window->adjustSize();
+    window->move(0, 0);
 }
 
 void Screens::Activate(QMdiSubWindow* child) {
