@@ -19,11 +19,11 @@ void Screens::Admit(Screen* screen) {
         window = frame_.Area->addSubWindow(screen);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->setWindowIcon(frame_.Window->windowIcon());
+        designSize_[screen] = window->size();
     }
     window->hide();
     window->setWindowState(Qt::WindowNoState); // as new, also where it was moved or maximised before
-    window->adjustSize();
-    window->move(0, 0);
+    window->setGeometry({{0, 0}, designSize_[screen]});
 }
 
 void Screens::Activate(QMdiSubWindow* child) {

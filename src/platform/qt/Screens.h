@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <functional>
+#include <map>
 #include <vector>
 
 class QMdiArea;
@@ -46,6 +47,7 @@ signals:
 private:
     MainFrame frame_;
     std::vector<Screen*> all_;
+    std::map<Screen*, QSize> designSize_; // of the sub-window of a child screen
 };
 
 Screens& screens();
