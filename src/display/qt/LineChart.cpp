@@ -70,6 +70,9 @@ void LineChart::SetData(const Table<double>& table) {
         }
         plot_->graph(series)->setData(x, y, true);
     }
+    // A line through one row is a point, and has to be drawn as one.
+    plot_->graph(1)->setScatterStyle(rows == 1 ? QCPScatterStyle(QCPScatterStyle::ssSquare, 6)
+                                               : QCPScatterStyle(QCPScatterStyle::ssNone));
     plot_->rescaleAxes();
     plot_->xAxis->setRange(0.5, static_cast<double>(rows) + 0.5);
     plot_->yAxis->scaleRange(1.1);
@@ -103,11 +106,15 @@ void LineChart::ThinOutLabels(int width) {
     plot_->replot(QCustomPlot::rpQueuedReplot);
 }
 
-void LineChart::SetSeriesNames(const std::string& first, const std::string& second) {
+void LineChart::SetSpokenNames(const std::string& first, const std::string& second) {
     plot_->graph(0)->setName(QString::fromStdString(first));
     plot_->graph(1)->setName(QString::fromStdString(second));
-    if (!first.empty() && !plot_->legend->visible()) PlaceKeyAboveChart();
     setAccessibleDescription(Spoken());
+}
+
+void LineChart::SetSeriesNames(const std::string& first, const std::string& second) {
+    SetSpokenNames(first, second);
+    if (!first.empty() && !plot_->legend->visible()) PlaceKeyAboveChart();
 }
 
 void LineChart::SetAxisTitle(const std::string& title) {

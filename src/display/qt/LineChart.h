@@ -28,8 +28,11 @@ public:
     /// The label of a row, counted from 1. Labels thin out where they would run into one another.
     void SetRowLabel(int row, const std::string& label);
 
-    /// The names of the two series in the chart's own key; without names there is no key.
+    /// The names of the two series, and the chart's own key with them.
     void SetSeriesNames(const std::string& first, const std::string& second);
+
+    /// The names alone, where a key stands beside the chart: whoever cannot see the chart is told them.
+    void SetSpokenNames(const std::string& first, const std::string& second);
     void SetAxisTitle(const std::string& title);
 
     /// Brings the chart to the screen at once, without serving events.

@@ -7,6 +7,7 @@ namespace vastrel {
 frmAbout::frmAbout() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmAbout>()) {
     ui_->setupUi(this);
     TakeDesign();
+    CloseByEscape();
     ui_->Image1->Click = [this] { Unload(); };
 }
 

@@ -5,15 +5,13 @@
 namespace vastrel {
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent) {
-    connect(this, &QComboBox::activated, this, [this](int index) {
-        shown_ = index;
+    connect(this, &QComboBox::activated, this, [this] {
         if (Click) InBoundary(Click);
     });
 }
 
 void ComboBox::SetListIndex(int index) {
     if (index < 0 || index >= count()) return;
-    shown_ = index;
     setCurrentIndex(index);
     if (Click) Click();
 }

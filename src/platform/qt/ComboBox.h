@@ -18,32 +18,21 @@ public:
     std::function<void()> Click;
 
     void AddItem(const std::string& text) {
+        const int shown = currentIndex();
         addItem(QString::fromStdString(text));
-        setCurrentIndex(shown_);
+        setCurrentIndex(shown); // the first entry would be shown otherwise
     }
-    void Clear() {
-        clear();
-        shown_ = -1;
-    }
+    void Clear() { clear(); }
     int ListCount() const { return count(); }
     int ListIndex() const { return currentIndex(); }
     std::string Text() const { return currentText().toStdString(); }
-    void EmptyText() {
-        shown_ = -1;
-        setCurrentIndex(-1);
-    }
+    void EmptyText() { setCurrentIndex(-1); }
 
     /// Shows an entry without a Click.
-    void ShowEntry(int index) {
-        shown_ = index;
-        setCurrentIndex(index);
-    }
+    void ShowEntry(int index) { setCurrentIndex(index); }
 
     /// Picks an entry as the user does; Click runs in the caller's error boundary.
     void SetListIndex(int index);
-
-private:
-    int shown_ = -1; // adding the first entry would select it otherwise
 };
 
 } // namespace vastrel

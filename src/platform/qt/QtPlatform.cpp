@@ -21,6 +21,18 @@ QString Text(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+QMessageBox::Icon IconOf(Message::Icon symbol) {
+    switch (symbol) {
+    case Message::Icon::Stop:
+        return QMessageBox::Critical;
+    case Message::Icon::Information:
+        return QMessageBox::Information;
+    case Message::Icon::Plain:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
 /// The filter in the toolkit's form. The pattern for every file is "*" here: names without a dot count too.
 QString DialogFilter(const std::string& filter) {
     const QStringList pieces = Text(filter).split('|', Qt::SkipEmptyParts);
@@ -39,7 +51,7 @@ void QtPlatform::ShowMessage(const Message& message) {
     box.setWindowTitle(Text(message.Title));
     box.setText(Text(message.Text));
     box.setTextFormat(Qt::PlainText);
-    box.setIcon(message.Symbol == Message::Icon::Stop ? QMessageBox::Critical : QMessageBox::Information);
+    box.setIcon(IconOf(message.Symbol));
     box.exec();
 }
 
@@ -49,7 +61,12 @@ FileChoice QtPlatform::ChooseFile(const FileQuestion& question) {
                        DialogFilter(question.Filter));
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (!question.DefaultExtension.empty()) dialog.setDefaultSuffix(Text(question.DefaultExtension));
+    if (!question.DefaultExtension.empty()) {
+        dialog.setDefaultSuffix(Text(question.DefaultExtension));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, [&dialog](const QString& filter) {
+            dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1)); // "PNG picture (*.png)"
+        });
+    }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {"", "", true};
     const QFileInfo chosen(dialog.selectedFiles().constFirst());
     QDir::setCurrent(chosen.absolutePath());

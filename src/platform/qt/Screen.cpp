@@ -11,7 +11,7 @@
 
 namespace vastrel {
 
-Screen::Screen(Kind kind) : kind_(kind) {
+Screen::Screen(Kind kind) : kind_(kind), closesByEscape_(kind == Kind::Window) {
     screens().Enlist(this);
 }
 
@@ -86,14 +86,15 @@ void Screen::closeEvent(QCloseEvent* event) {
 }
 
 void Screen::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && kind_ == Kind::Window) {
-        close();
+    if (event->key() == Qt::Key_Escape && closesByEscape_) {
+        Frame()->close();
         return;
     }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        for (auto* button : findChildren<QPushButton*>()) {
+        // The button that has the focus, otherwise the default one.
+        if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) return focused->click();
+        for (auto* button : findChildren<QPushButton*>())
             if (button->isDefault() && button->isEnabled()) return button->click();
-        }
     }
     QWidget::keyPressEvent(event);
 }

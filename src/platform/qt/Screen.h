@@ -51,6 +51,9 @@ protected:
     /// To be called behind setupUi.
     void TakeDesign();
 
+    /// Escape closes this screen, as it does every window that stands on its own.
+    void CloseByEscape() { closesByEscape_ = true; }
+
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -58,6 +61,7 @@ private:
     Kind kind_;
     DesignState design_;
     bool loaded_ = false;
+    bool closesByEscape_;
     int generation_ = 0;
 };
 

@@ -15,12 +15,16 @@ Screens& screens() {
 void Screens::Admit(Screen* screen) {
     if (screen->ScreenKind() != Screen::Kind::Child || frame_.Area == nullptr) return;
     frame_.Show();
-    if (qobject_cast<QMdiSubWindow*>(screen->parentWidget()) != nullptr) return;
-    QMdiSubWindow* window = frame_.Area->addSubWindow(screen);
-    window->setAttribute(Qt::WA_DeleteOnClose, false);
-    window->setWindowIcon(frame_.Window->windowIcon());
-    window->move(0, 0);
+    auto* window = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
+    if (window == nullptr) {
+        window = frame_.Area->addSubWindow(screen);
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->setWindowIcon(frame_.Window->windowIcon());
+        designSize_[screen] = window->size();
+    }
     window->hide();
+    window->setWindowState(Qt::WindowNoState); // as new, also where it was moved or maximised before
+    window->setGeometry({{0, 0}, designSize_[screen]});
 }
 
 void Screens::Activate(QMdiSubWindow* child) {

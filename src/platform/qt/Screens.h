@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,8 @@ public:
 
     void Enlist(Screen* screen) { all_.push_back(screen); }
 
-    /// Makes a child screen a sub-window of the frame, and brings the frame back where it is gone.
+    /// Makes a child screen a sub-window of the frame, at its design size in the upper left corner, and brings
+    /// the frame back where it is gone.
     void Admit(Screen* screen);
     void Activate(QMdiSubWindow* child);
 
@@ -57,6 +59,7 @@ signals:
 private:
     MainFrame frame_;
     std::vector<Screen*> all_;
+    std::map<Screen*, QSize> designSize_; // of the sub-window of a child screen
 };
 
 Screens& screens();

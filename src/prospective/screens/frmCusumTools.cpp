@@ -9,6 +9,7 @@ namespace vastrel {
 frmCusumTools::frmCusumTools() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmCusumTools>()) {
     ui_->setupUi(this);
     TakeDesign();
+    CloseByEscape();
     OnEvent(ui_->cmdGetResult, &QPushButton::clicked, this, [this] { cmdGetResult_Click(); });
 }
 

@@ -198,7 +198,7 @@ void frmUnivariateCusumTextfile::RunFromSaved(int run) {
     for (std::ptrdiff_t p = 1; p <= watch_.OldColumnCount; ++p) // at once, before the first delay
         AddPeriodRowTextfile(p);
     const std::ptrdiff_t played = watch_.NewPeriodCount;
-    if (!Animate(run, saved)) return;
+    if (!Animate(run, watch_.OldColumnCount)) return;
     FinishRun();
     ui_->lblY->setText(PeriodCaption(played)); // the caption keeps counting the new periods; it is meant so
 }
@@ -207,7 +207,8 @@ void frmUnivariateCusumTextfile::RunFromSaved(int run) {
 /// inside a yield: the command ends there, and what that event left stands.
 bool frmUnivariateCusumTextfile::Animate(int run, std::ptrdiff_t saved) {
     const long delay = Delay();
-    for (std::ptrdiff_t j = 1; j <= watch_.NewPeriodCount; ++j) {
+    const std::ptrdiff_t periods = watch_.NewPeriodCount; // another file may come inside a yield
+    for (std::ptrdiff_t j = 1; j <= periods; ++j) {
         platform().Yield(delay + 1);
         if (run != Generation()) {
             platform().SetBusyPointer(false);

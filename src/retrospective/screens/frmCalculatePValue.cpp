@@ -11,6 +11,7 @@ frmCalculatePValue::frmCalculatePValue()
     : Screen(Kind::Child), ui_(std::make_unique<Ui::frmCalculatePValue>()) {
     ui_->setupUi(this);
     TakeDesign();
+    CloseByEscape();
     ui_->optChiSquare->Click = [this] { optChiSquare_Click(); };
     OnEvent(ui_->cmdCalculate, &QPushButton::clicked, this, [this] { cmdCalculate_Click(); });
     OnEvent(ui_->cmdExit, &QPushButton::clicked, this, [this] { Unload(); });

@@ -87,6 +87,7 @@ void frmClusterDetectionTextfile::FinishSweep() {
     ui_->lblStats->setText(SweepStatCaption(Variable()));
     ui_->lblCriticalStats->setText(SweepCriticalCaption(Variable()));
     ui_->MSChart1->SetRows(ws.ChartData, ws.ChartLabels);
+    ui_->MSChart1->SetSpokenNames(SweepStatCaption(Variable()), SweepCriticalCaption(Variable()));
     for (QWidget* part : ChartParts())
         part->show();
 }
