@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTest>
@@ -43,6 +44,18 @@ void ScreenTest::Press(QWidget& screen, const char* button) {
 
 void ScreenTest::Type(QWidget& screen, const char* edit, const std::string& text) {
     The_<QLineEdit>(screen, edit)->setText(QString::fromStdString(text));
+}
+
+std::string ScreenTest::Text(QWidget& screen, const char* control) {
+    if (auto* label = screen.findChild<QLabel*>(control)) return label->text().toStdString();
+    return The_<QLineEdit>(screen, control)->text().toStdString();
+}
+
+std::vector<std::string> ScreenTest::Rows(const ListBox* list) {
+    std::vector<std::string> rows;
+    for (int row = 0; row < list->ListCount(); ++row)
+        rows.push_back(list->List(row));
+    return rows;
 }
 
 bool ScreenTest::IsEnabled(QWidget& screen, const char* control) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frontend/screens/MDIFrmMain.h"
+#include "platform/qt/ListBox.h"
 #include "platform/qt/Screens.h"
 #include "support/ScriptedPlatform.h"
 
@@ -28,8 +29,12 @@ protected:
 
     static void Press(QWidget& screen, const char* button);
     static void Type(QWidget& screen, const char* edit, const std::string& text);
+    /// The text of a line edit or of a label.
+    static std::string Text(QWidget& screen, const char* control);
     static bool IsEnabled(QWidget& screen, const char* control);
     static bool IsShown(QWidget& screen, const char* control);
+
+    static std::vector<std::string> Rows(const ListBox* list);
 
     /// Chooses a menu entry of the frame.
     void Command(const char* entry);

@@ -1,0 +1,44 @@
+#include "platform/qt/ErrorBoundary.h"
+
+#include "platform/RunTimeError.h"
+#include "support/ScriptedPlatform.h"
+
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+using namespace vastrel;
+
+TEST(ErrorBoundaryTest, ReportsWhatLeavesTheHandler) {
+    ScriptedPlatform script;
+    script.ExpectRunTimeError(62);
+    InBoundary([] { RaiseCustomary(InputPastEndOfFile, "test"); });
+    script.ExpectRunTimeError(7);
+    InBoundary([] { throw std::bad_alloc(); });
+    script.ExpectRunTimeError(5);
+    InBoundary([] { throw std::logic_error("anything else"); });
+    InBoundary([] {});
+}
+
+TEST(ErrorBoundaryTest, LeavesThePointerAsItStood) {
+    ScriptedPlatform script;
+    script.ExpectRunTimeError(11);
+    InBoundary([] {
+        platform().SetBusyPointer(true);
+        RaiseCustomary(DivisionByZero, "test");
+    });
+    EXPECT_TRUE(script.BusyPointer());
+}
+
+TEST(ErrorBoundaryTest, KeepsExceptionsOutOfTheToolkit) {
+    ScriptedPlatform script;
+    QPushButton button;
+    int after = 0;
+    OnEvent(&button, &QPushButton::clicked, &button, [] { RaiseCustomary(SubscriptOutOfRange, "test"); });
+    OnEvent(&button, &QPushButton::clicked, &button, [&after] { ++after; });
+    script.ExpectRunTimeError(9);
+    button.click();
+    EXPECT_EQ(after, 1);
+}
