@@ -3,7 +3,7 @@ include(GNUInstallDirs)
 set(vastrelData ${CMAKE_INSTALL_DATADIR}/vastrel)
 
 install(TARGETS vastrel-batch RUNTIME)
-install(DIRECTORY samples DESTINATION ${vastrelData} FILES_MATCHING PATTERN "*.txt" PATTERN "README.md")
+install(DIRECTORY samples DESTINATION ${vastrelData} FILES_MATCHING PATTERN "*.txt" PATTERN "*.md" PATTERN "country.*")
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 

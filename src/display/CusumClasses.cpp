@@ -9,7 +9,7 @@ namespace vastrel {
 namespace {
 
 struct CusumClass {
-    const char* Label;
+    const char* Label = "";
     PointSymbol Symbol;
 };
 

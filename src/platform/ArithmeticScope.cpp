@@ -4,7 +4,7 @@
 
 namespace vastrel {
 
-ArithmeticScope::ArithmeticScope() {
+ArithmeticScope::ArithmeticScope() : outer_() {
     std::feholdexcept(&outer_);
 }
 

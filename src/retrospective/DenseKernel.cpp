@@ -61,9 +61,9 @@ constexpr Index ColumnBlock = 1536; // the packed rows of b stay in the outer ca
 template <int Bytes, int Rows, int Vectors>
 [[gnu::always_inline]] inline void AddProducts(const double* a, const double* b, Index depth, double* result,
                                                Index stride) {
-    typedef double Vector __attribute__((vector_size(Bytes)));
-    typedef double Unaligned __attribute__((vector_size(Bytes), aligned(sizeof(double)), may_alias));
-    constexpr int lanes = Bytes / static_cast<int>(sizeof(double));
+    using Vector [[gnu::vector_size(Bytes)]] = double;
+    using Unaligned [[gnu::vector_size(Bytes), gnu::aligned(sizeof(double)), gnu::may_alias]] = double;
+    constexpr Index lanes = Bytes / static_cast<Index>(sizeof(double));
 
     Vector sum[Rows][Vectors];
 #pragma GCC unroll 16

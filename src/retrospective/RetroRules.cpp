@@ -31,6 +31,7 @@ const SweepLayout& RetroRules::SweepOf(RetroVariable variable) const {
     }
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table
 const RetroRules& PolygonRules() {
     static const RetroRules rules{
         .ReadsSecondaryID = true,

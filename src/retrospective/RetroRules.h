@@ -13,7 +13,8 @@ struct SweepLayout {
 };
 
 /// Where the retrospective screens of polygons and of points differ, in their rows and in what they count.
-/// The differences are meant.
+/// The differences are meant. No field has a default, so that the compiler asks for every one.
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init)
 struct RetroRules {
     bool ReadsSecondaryID;         // two ids where bUseSecondaryID is set
     bool IDsFromColumns;           // PrimaryIDs; otherwise the ID of RegionCentroid

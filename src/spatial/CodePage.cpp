@@ -20,7 +20,9 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    bool IsOpen() const {
+        return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): as iconv has it
+    }
 
     /// A byte that stands for no character becomes "?".
     std::string Convert(std::string_view bytes) const {

@@ -38,7 +38,7 @@ Columns ColumnsOf(const std::vector<char>& header) {
         }
         if (at + ColumnPart > length) break;
         ++columns.Count;
-        columns.Width += static_cast<unsigned char>(header[static_cast<size_t>(at + WidthPlace)]);
+        columns.Width += static_cast<unsigned char>(header[static_cast<size_t>(at) + WidthPlace]);
     }
     return columns;
 }

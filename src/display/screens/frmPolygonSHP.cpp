@@ -40,7 +40,9 @@ constexpr ToolbarItem Items[] = {
 };
 
 /// The items that a separator stands before.
-bool BeginsGroup(const std::string& key) { return key == "FullExt" || key == "Centroid"; }
+bool BeginsGroup(const std::string& key) {
+    return key == "FullExt" || key == "Centroid";
+}
 
 QString LabelColours(Colour colour) {
     return QString("background-color: #%1%2%3; color: %4; font: italic bold 12pt 'Liberation Serif';")
@@ -62,9 +64,8 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
     TakeDesign();
     ui_->picSHP->MouseMove = [this](int, double x, double y) { picSHP_MouseMove(x, y); };
     OnEvent(ui_->sliderStatsRange, &QSlider::valueChanged, this, [this] { sliderStatsRange_Change(); });
-    connect(ui_->sliderStatsRange, &QSlider::sliderMoved, this, [this](int k) {
-        ui_->sliderStatsRange->setToolTip(QString::fromStdString(BandwidthTip(k)));
-    });
+    connect(ui_->sliderStatsRange, &QSlider::sliderMoved, this,
+            [this](int k) { ui_->sliderStatsRange->setToolTip(QString::fromStdString(BandwidthTip(k))); });
     screens().OnActivate(this, [this] { Form_Activate(); });
 }
 
@@ -92,7 +93,9 @@ void frmPolygonSHP::Form_Load() {
     ShowCusumLegend(false);
     ShowMLegend(false);
     setWindowTitle(QString::fromStdString(ws.ShapeFileTitleSaved));
-    Frame()->resize(Frame()->size() + QSize(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit)) - size());
+    Frame()->resize(Frame()->size() +
+                    QSize(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit)) -
+                    size());
     Frame()->move(0, 0);
     ui_->picForm->Erase();
     arranged_ = {};
@@ -178,7 +181,9 @@ void frmPolygonSHP::ClearMapIfOpen(bool withSettledPan) {
     DrawPlainMapNoPan();
 }
 
-void frmPolygonSHP::EnableButton(const std::string& key, bool enabled) { buttons_.at(key)->setEnabled(enabled); }
+void frmPolygonSHP::EnableButton(const std::string& key, bool enabled) {
+    buttons_.at(key)->setEnabled(enabled);
+}
 
 void frmPolygonSHP::PressTool(const std::string& key, bool pressed) {
     for (const ToolbarItem& item : Items)
@@ -186,14 +191,18 @@ void frmPolygonSHP::PressTool(const std::string& key, bool pressed) {
     buttons_.at(key)->setChecked(pressed);
 }
 
-bool frmPolygonSHP::IsToolPressed(const std::string& key) const { return buttons_.at(key)->isChecked(); }
+bool frmPolygonSHP::IsToolPressed(const std::string& key) const {
+    return buttons_.at(key)->isChecked();
+}
 
 void frmPolygonSHP::ShowMLegend(bool shown) {
     if (shown) ui_->imgM_Legend->LoadPicture("M_Legend.jpg");
     ui_->imgM_Legend->setVisible(shown);
 }
 
-void frmPolygonSHP::ShowCusumLegend(bool shown) { ui_->picLegend->setVisible(shown); }
+void frmPolygonSHP::ShowCusumLegend(bool shown) {
+    ui_->picLegend->setVisible(shown);
+}
 
 void frmPolygonSHP::HideAnimationControls() {
     ui_->sliderStatsRange->hide();
@@ -219,8 +228,9 @@ void frmPolygonSHP::picSHP_MouseMove(double x, double y) {
 void frmPolygonSHP::Animate() {
     const int run = BeginRun();
     auto& list = The<frmClusterDetection>().GlobalPatternSummary();
-    const bool ended = AnimateBandwidths(Map(), {[this, run] { return run == Generation() && IsLoaded(); },
-                                                 [&list](std::ptrdiff_t row) { list.SetListIndex(static_cast<int>(row)); }});
+    const bool ended =
+        AnimateBandwidths(Map(), {[this, run] { return run == Generation() && IsLoaded(); },
+                                  [&list](std::ptrdiff_t row) { list.SetListIndex(static_cast<int>(row)); }});
     if (!ended) return;
     ui_->sliderStatsRange->show();
     ui_->lblAni->show();

@@ -25,9 +25,10 @@ MDIFrmMain::MDIFrmMain() : ui_(std::make_unique<Ui::MDIFrmMain>()) {
     ui_->setupUi(this);
     UseResources();
     setWindowIcon(QIcon(":/vastrel.svg"));
-    screens().UseFrame({ui_->mdiArea, this, [this] { ShowFrame(); },
-                        [this](const char* entry, bool enabled) { Entry(entry)->setEnabled(enabled); },
-                        [this](const std::string& text) { ui_->staMain->showMessage(QString::fromStdString(text)); }});
+    screens().UseFrame(
+        {ui_->mdiArea, this, [this] { ShowFrame(); },
+         [this](const char* entry, bool enabled) { Entry(entry)->setEnabled(enabled); },
+         [this](const std::string& text) { ui_->staMain->showMessage(QString::fromStdString(text)); }});
     ConnectMenu();
 }
 

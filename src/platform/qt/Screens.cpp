@@ -37,9 +37,10 @@ void Screens::UnloadChildren() {
 }
 
 void Screens::OnActivate(Screen* screen, std::function<void()> handler) {
-    connect(frame_.Area, &QMdiArea::subWindowActivated, screen, [screen, handler = std::move(handler)](QMdiSubWindow* window) {
-        if (window != nullptr && window->widget() == screen) InBoundary(handler);
-    });
+    connect(frame_.Area, &QMdiArea::subWindowActivated, screen,
+            [screen, handler = std::move(handler)](QMdiSubWindow* window) {
+                if (window != nullptr && window->widget() == screen) InBoundary(handler);
+            });
 }
 
 void Screens::EnableEntry(const char* entry, bool enabled) const {

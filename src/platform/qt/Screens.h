@@ -34,8 +34,8 @@ public:
 
     void Enlist(Screen* screen) { all_.push_back(screen); }
 
-    /// Makes a child screen a sub-window of the frame, at its design size in the upper left corner, and brings
-    /// the frame back where it is gone.
+    /// Makes a child screen a sub-window of the frame, at its design size in the upper left corner, and
+    /// brings the frame back where it is gone.
     void Admit(Screen* screen);
     void Activate(QMdiSubWindow* child);
 

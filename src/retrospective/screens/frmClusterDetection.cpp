@@ -11,7 +11,9 @@
 namespace vastrel {
 
 namespace {
-frmPolygonSHP& MapWindow() { return The<frmPolygonSHP>(); }
+frmPolygonSHP& MapWindow() {
+    return The<frmPolygonSHP>();
+}
 } // namespace
 
 frmClusterDetection::frmClusterDetection()
@@ -61,9 +63,13 @@ void frmClusterDetection::ShowRetroMap(Array1<double>& classValues, const Array1
     MapWindow().ShowRetroMap(classValues, drawValues);
 }
 
-void frmClusterDetection::DrawPlain() { MapWindow().DrawPlainMap(); }
+void frmClusterDetection::DrawPlain() {
+    MapWindow().DrawPlainMap();
+}
 
-void frmClusterDetection::ShowMLegend(bool shown) { MapWindow().ShowMLegend(shown); }
+void frmClusterDetection::ShowMLegend(bool shown) {
+    MapWindow().ShowMLegend(shown);
+}
 
 void frmClusterDetection::FinishSingleRun() {
     MapWindow().EnableButton("Find", true);
@@ -79,7 +85,9 @@ void frmClusterDetection::FinishSweep() {
     MapWindow().ShowMLegend(false);
 }
 
-void frmClusterDetection::CloseChart() { The<frmSigmaChart>().Unload(); }
+void frmClusterDetection::CloseChart() {
+    The<frmSigmaChart>().Unload();
+}
 
 void frmClusterDetection::LocalRow_Click(std::ptrdiff_t row) {
     if (row >= 0) MapWindow().DrawHighlight(row - Rules().FirstRegionRow);
