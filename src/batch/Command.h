@@ -34,6 +34,7 @@ using RunCommand = std::function<ExitStatus()>;
 using AddCommand = void (*)(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddRetrospectivePolygons(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddProspectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);

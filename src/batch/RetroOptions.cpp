@@ -38,6 +38,10 @@ void RetroOptions::AddTo(CLI::App& command) {
     command.add_option("--json", Json, "every number")->group("Output");
 }
 
+bool RetroOptions::AsksForNothing() const {
+    return Lists.empty() && Report.empty() && Map.empty() && Chart.empty() && Json.empty();
+}
+
 RetroVariable RetroOptions::ChosenVariable() const {
     return Variables.at(Variable);
 }

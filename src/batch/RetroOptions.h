@@ -21,6 +21,7 @@ struct RetroOptions {
     void AddTo(CLI::App& command);
 
     bool IsRange() const { return SigmaOption->count() == 0; }
+    bool AsksForNothing() const;
     RetroVariable ChosenVariable() const;
 
     /// What goes together and what does not; WrongUse otherwise.

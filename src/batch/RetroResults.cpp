@@ -1,7 +1,6 @@
 #include "batch/RetroResults.h"
 
 #include "display/LegendClasses.h"
-#include "display/PointMap.h"
 #include "platform/TextFile.h"
 #include "retrospective/MStatistic.h"
 #include "retrospective/PValues.h"
@@ -84,7 +83,7 @@ void AddSingleJson(Json& json, RetroVariable variable) {
     if (HasM(variable)) AddM(json, variable);
 }
 
-void AddLegendJson(Json& json, RetroVariable variable, int (*classOf)(double),
+void AddLegendJson(Json& json, const Array1<double>& values, const std::function<int(double)>& classOf,
                    const std::vector<std::string>& legendTexts) {
     Json limits = Json::array();
     for (int i = 1; i <= LegendLimitCount + 1; ++i)
@@ -92,7 +91,7 @@ void AddLegendJson(Json& json, RetroVariable variable, int (*classOf)(double),
     json["LegendLimits"] = limits;
     Json classes = Json::array();
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
-        classes.push_back(classOf(MapDrawValues(variable)(i)));
+        classes.push_back(classOf(values(i)));
     json["ClassOf"] = classes;
     json["LegendTexts"] = legendTexts;
 }

@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <functional>
+
 namespace vastrel {
 
 // What the two retrospective commands write alike, from the store.
@@ -14,9 +16,9 @@ nlohmann::ordered_json DatasetJson();
 void AddSingleJson(nlohmann::ordered_json& json, RetroVariable variable);
 void AddSweepJson(nlohmann::ordered_json& json);
 
-/// The classes of a single run: `classOf` is the ladder of the map, `legendText` the text of a class from 0.
-void AddLegendJson(nlohmann::ordered_json& json, RetroVariable variable, int (*classOf)(double),
-                   const std::vector<std::string>& legendTexts);
+/// The legend in force, and the classes of the mapped values by the ladder of the map.
+void AddLegendJson(nlohmann::ordered_json& json, const Array1<double>& values,
+                   const std::function<int(double)>& classOf, const std::vector<std::string>& legendTexts);
 
 /// The elements 1..n, or 0..n-1, of an array.
 nlohmann::ordered_json FromOne(const Array1<double>& values);

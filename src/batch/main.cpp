@@ -10,7 +10,11 @@ using namespace vastrel;
 
 namespace {
 
-constexpr AddCommand Commands[] = {AddRetrospectivePoints, AddProspectivePoints, AddCentroids, AddPValue,
+constexpr AddCommand Commands[] = {AddRetrospectivePoints,
+                                   AddRetrospectivePolygons,
+                                   AddProspectivePoints,
+                                   AddCentroids,
+                                   AddPValue,
                                    AddHValue};
 
 /// The words of the command line in the order that the parser takes, last first. The words of p-value stand

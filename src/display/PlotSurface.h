@@ -43,6 +43,9 @@ inline SurfaceSize ProspectivePointSurface() {
     return FramedSurface(6400, 4110);
 }
 
+/// A polygon map in a file made of pixels is enlarged so many times.
+constexpr int PolygonPictureScale = 4;
+
 enum class FillStyle { Solid, Transparent };
 
 /// What painters draw on. Coordinates are logical pixels, y downward. Pen, fill and line width stay as they

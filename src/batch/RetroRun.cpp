@@ -1,0 +1,98 @@
+#include "batch/RetroRun.h"
+
+#include "batch/Pictures.h"
+#include "batch/Progress.h"
+#include "display/LegendClasses.h"
+#include "display/PointMap.h"
+#include "platform/Numbers.h"
+#include "platform/TextFile.h"
+#include "retrospective/RetroReport.h"
+#include "retrospective/Sweep.h"
+#include "workspace/Workspace.h"
+
+namespace vastrel {
+
+RetroRun::RetroRun(const RetroOptions& options, const ProgramOptions& program, const RetroRules& rules)
+    : options_(options), program_(program), rules_(rules), variable_(options.ChosenVariable()) {}
+
+ExitStatus RetroRun::Run() {
+    if (!Load()) return ExitStatus::Refused;
+    ws.AlphaLevel = ToNumber(options_.Alpha);
+    if (!(options_.IsRange() ? RunRange() : RunSingle())) return ExitStatus::Refused;
+    outputs_.Write();
+    return ExitStatus::Done;
+}
+
+bool RetroRun::RunSingle() {
+    if (!TakeSingleSigma(options_.Sigma)) return false;
+    RunSingleProcedures(variable_);
+    const ResultLists lists = FillLists(variable_, rules_);
+    auto json = Dataset(); // before the map, whose drawing puts plotted points in Region order again
+    BuildLegend(MapClassValues(variable_), variable_);
+    AddMap(MapDrawValues(variable_));
+    if (!options_.Json.empty()) {
+        AddSingleJson(json, variable_);
+        AddLegendJson(
+            json, MapDrawValues(variable_), [this](double value) { return ClassOfValue(value); },
+            LegendTexts());
+    }
+    AddTexts(lists, json);
+    return true;
+}
+
+bool RetroRun::RunRange() {
+    ResultLists lists;
+    const Progress progress(program_);
+    const auto addRow = [&](const std::string& row) {
+        lists.Global.push_back(row);
+        progress.Show(row);
+    };
+    if (!RunSweep(variable_, options_.Range, rules_, addRow)) return false;
+    if (options_.MapStep > ws.BandwidthCount)
+        throw WrongUse("--map-step is beyond the last step, " + std::to_string(ws.BandwidthCount) + ".");
+    auto json = Dataset();
+    AddSweepJson(json);
+    AddTexts(lists, json);
+    AddChart();
+    if (options_.Map.empty()) return true;
+    SelectSweepStep(options_.MapStep - 1);
+    BuildLegend(ws.DisplayClassValues, variable_);
+    AddMap(ws.DisplayDrawValues);
+    return true;
+}
+
+void RetroRun::AddMap(const Array1<double>& values) {
+    if (!options_.Map.empty()) outputs_.Add(options_.Map, MapPicture(options_.Map, values));
+}
+
+void RetroRun::AddChart() {
+    if (options_.Chart.empty()) return;
+    const ChartPicture chart{ws.ChartData,
+                             ws.ChartLabels,
+                             {SweepStatCaption(variable_), SweepCriticalCaption(variable_)},
+                             "Bandwidth(Sigma)"};
+    outputs_.Add(options_.Chart, DrawChart(options_.Chart, chart));
+}
+
+void RetroRun::AddReport() {
+    if (options_.Report.empty()) return;
+    const auto lines = options_.IsRange() ? RangeReport(variable_, rules_) : SingleReport(variable_, rules_);
+    outputs_.Add(options_.Report, JoinLines(lines));
+}
+
+void RetroRun::AddTexts(const ResultLists& lists, const nlohmann::ordered_json& json) {
+    const bool nothingAsked = options_.AsksForNothing();
+    if (nothingAsked || !options_.Lists.empty())
+        outputs_.Add(nothingAsked ? "-" : options_.Lists, ListsText(lists.Global, lists.Local));
+    AddReport();
+    if (!options_.Json.empty()) outputs_.Add(options_.Json, JsonText(json));
+}
+
+std::vector<std::string> RangeTexts() {
+    std::vector<std::string> texts;
+    for (int i = 0; i <= LegendLimitCount; ++i)
+        texts.push_back(RangeText(i));
+    return texts;
+}
+
+} // namespace vastrel
