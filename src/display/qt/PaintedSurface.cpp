@@ -13,8 +13,8 @@ QFont PaintedSurface::LegendFont() {
     QFont font(QFontDatabase::families().contains("Arial Narrow") ? "Arial Narrow"
                                                                   : "Liberation Sans Narrow");
     font.setStyleHint(QFont::SansSerif);
-    font.setStretch(QFontDatabase::families().contains(font.family()) ? QFont::Unstretched
-                                                                      : QFont::Condensed);
+    // A narrow family is taken as it is; a stand-in is narrowed.
+    if (!QFontDatabase::families().contains(font.family())) font.setStretch(QFont::Condensed);
     font.setPixelSize(11); // size 8 at 96 dots to the inch
     return font;
 }

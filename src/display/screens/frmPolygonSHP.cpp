@@ -77,6 +77,7 @@ void frmPolygonSHP::BuildToolbar() {
         if (BeginsGroup(key)) ui_->Toolbar1->addSeparator();
         auto* button = ui_->Toolbar1->addAction(QIcon(QString(":/icons/%1.svg").arg(item.Key)), item.ToolTip);
         button->setCheckable(item.IsTool);
+        button->setObjectName(item.Key);
         buttons_[key] = button;
         OnEvent(button, &QAction::triggered, this, [this, key] { Toolbar1_ButtonClick(key); });
     }

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QToolBar>
 
 namespace vastrel {
 
@@ -39,7 +40,7 @@ std::function<void()> RestoreOf(QWidget* widget) {
 void DesignState::Capture(QWidget* form) {
     restore_.clear();
     for (auto* widget : form->findChildren<QWidget*>()) {
-        if (widget->isWindow()) continue;
+        if (widget->isWindow() || qobject_cast<QToolBar*>(widget->parentWidget()) != nullptr) continue;
         const bool enabled = widget->isEnabledTo(widget->parentWidget());
         const bool hidden = widget->testAttribute(Qt::WA_WState_ExplicitShowHide) && widget->isHidden();
         restore_.emplace_back([widget, enabled, hidden, state = RestoreOf(widget)] {

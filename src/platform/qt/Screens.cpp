@@ -17,13 +17,15 @@ void Screens::Admit(Screen* screen) {
     frame_.Show();
     auto* window = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
     if (window == nullptr) {
+        const QSize design = screen->size();
         window = frame_.Area->addSubWindow(screen);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->setWindowIcon(frame_.Window->windowIcon());
-        designSize_[screen] = window->size();
+        designSize_[screen] = design + window->sizeHint() - screen->sizeHint(); // with its title bar
     }
+    // As new, also where it was moved or maximised before.
+    if (window->windowState() != Qt::WindowNoState) window->setWindowState(Qt::WindowNoState);
     window->hide();
-    window->setWindowState(Qt::WindowNoState); // as new, also where it was moved or maximised before
     window->setGeometry({{0, 0}, designSize_[screen]});
 }
 

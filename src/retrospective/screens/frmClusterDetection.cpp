@@ -1,5 +1,6 @@
 #include "retrospective/screens/frmClusterDetection.h"
 
+#include "display/PlotSurface.h"
 #include "display/screens/frmPolygonSHP.h"
 #include "platform/Numbers.h"
 #include "platform/qt/ErrorBoundary.h"
@@ -33,6 +34,12 @@ void frmClusterDetection::TakeAlphaValues() {
     if (empty) ui_->cboAlpha->ShowEntry(0);
     ws.AlphaLevel = 0.05;
     ui_->cmdSave->setEnabled(false);
+}
+
+void frmClusterDetection::Form_Load() {
+    constexpr double left = 8175; // beside the map
+    RetroScreen::Form_Load();
+    Frame()->move(static_cast<int>(left / LayoutUnit), 0);
 }
 
 void frmClusterDetection::Form_Unload() {

@@ -24,6 +24,7 @@ public:
     void TakeAlphaValues();
 
 protected:
+    void Form_Load() override;
     void Form_Unload() override;
 
     void BeginRun() override;
