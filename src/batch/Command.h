@@ -37,6 +37,7 @@ void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, Ru
 void AddProspectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddExport(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 /// The subcommand whose words may begin with a minus sign.
