@@ -38,6 +38,7 @@ void AddRetrospectivePolygons(CLI::App& program, const ProgramOptions& options, 
 void AddProspectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddExport(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 /// The subcommand whose words may begin with a minus sign.

@@ -21,9 +21,6 @@ struct CountColumns {
     bool LacksOne() const;
 };
 
-constexpr const char* InvalidData = "Data include invalid values. Check data and try again!";
-constexpr const char* NullData = "Data include null values. Check data and try again!";
-
 /// The message for columns that the format, and the use of a secondary id, ask for and that are not chosen;
 /// nullptr where all are.
 const char* MissingColumns(CountFormat format, bool useSecondaryID, const CountColumns& shown);

@@ -5,6 +5,11 @@
 
 namespace vastrel {
 
+// What a person is told of a column that is refused.
+constexpr const char* NotNumericalData = "Data should be numerical values!";
+constexpr const char* InvalidData = "Data include invalid values. Check data and try again!";
+constexpr const char* NullData = "Data include null values. Check data and try again!";
+
 /// The open attribute table of the store; run-time error 91 where none was ever opened.
 Recordset& AttributeTable();
 

@@ -59,6 +59,10 @@ FieldType TypeOfColumn(char letter, int width, int decimals) {
     }
 }
 
+bool FieldValue::IsNumeric() const {
+    return !IsNull() && vastrel::IsNumeric(Text());
+}
+
 double FieldValue::Number() const {
     if (IsNull()) RaiseCustomary(InvalidUseOfNull, "FieldValue");
     if (const double* number = std::get_if<double>(&value_)) return *number;

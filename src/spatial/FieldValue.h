@@ -29,6 +29,9 @@ public:
 
     bool IsNull() const { return std::holds_alternative<std::monostate>(value_); }
 
+    /// Whether it is a number, or a text that holds one; a null, a logical and a date are not.
+    bool IsNumeric() const;
+
     /// A text is converted; a logical is -1 or 0. Run-time error 94 for a null, 13 for other text, 6 for a
     /// number too large.
     double Number() const;

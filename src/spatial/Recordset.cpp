@@ -42,7 +42,7 @@ Field::Field(Recordset& owner, DbaseColumn column)
       type_(TypeOfColumn(column_.Letter, column_.Width, column_.Decimals)) {}
 
 FieldValue Field::Value() const {
-    return owner_->CurrentValue(column_, type_);
+    return owner_->ValueOf(owner_->row_, *this);
 }
 
 Recordset::Recordset(const std::string& path)
@@ -58,16 +58,20 @@ void Recordset::MoveNext() {
     ++row_;
 }
 
-FieldValue Recordset::CurrentValue(const DbaseColumn& column, FieldType type) {
-    if (EndOfFile())
+FieldValue Recordset::ValueAt(int row, int field) {
+    return ValueOf(row, Fields(field));
+}
+
+FieldValue Recordset::ValueOf(int row, const Field& field) {
+    if (row < 0 || row >= RecordCount())
         RaiseCustomary(NoCurrentRecord, "Recordset",
                        FileName(table_.Path()) + " has " + std::to_string(RecordCount()) + " rows.");
     try {
-        return ValueOfBytes(table_.Bytes(row_, column), type, codePage_);
+        return ValueOfBytes(table_.Bytes(row, field.column_), field.type_, codePage_);
     } catch (const RunTimeError& error) {
         throw RunTimeError(error.Number(), "Recordset",
-                           error.Description() + "\nRow " + std::to_string(row_ + 1) + ", column " +
-                               column.Name + " of " + FileName(table_.Path()) + ".");
+                           error.Description() + "\nRow " + std::to_string(row + 1) + ", column " +
+                               field.Name() + " of " + FileName(table_.Path()) + ".");
     }
 }
 

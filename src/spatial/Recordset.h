@@ -22,6 +22,8 @@ public:
     FieldValue Value() const;
 
 private:
+    friend class Recordset;
+
     Recordset* owner_;
     DbaseColumn column_;
     FieldType type_;
@@ -50,13 +52,16 @@ public:
     const Field& Fields(int number) const;
     const Field& Fields(const std::string& name) const;
 
+    /// A value of any row, counted from 0; the current row stays. Errors as for a field's value.
+    FieldValue ValueAt(int row, int field);
+
     /// The rest of the rows, from the current one on, as text: a tab between columns, a carriage return
     /// between rows, nothing for a null. The recordset stands at its end afterwards.
     std::string GetString();
 
 private:
     friend class Field;
-    FieldValue CurrentValue(const DbaseColumn& column, FieldType type);
+    FieldValue ValueOf(int row, const Field& field);
 
     DbaseTable table_;
     CodePage codePage_;

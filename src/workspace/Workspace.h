@@ -179,6 +179,16 @@ struct Workspace {
     Table<double> CusumChartData;
     std::vector<std::string> CusumChartLabels; // empty for a row without a label
 
+    // ---- Export of z-values
+    double ObsFromIndex = 0, ObsToIndex = 0; // first and last column, counted from 0
+    double ExpFromIndex = 0, ExpToIndex = 0;
+    double ExportSigma = 0;
+    Array1<double> ExportObs, ExportExp; // counts of one period
+    Table<double> ExportWeights;         // used 1..N: row-normalised kernel
+    Array1<double> ExportDeviation;      // of one period
+    Array1<double> ExportZ;              // the deviations of one period, smoothed
+    Table<double> ExportTable;           // (Region, period)
+
     // ---- Legend of the statistic map
     Array1<double> LegendLimits; // 0..6: limits in force
     Array1<double> LegendWork;   // 0..6: limits as built; elements 0 and 6 stay 0

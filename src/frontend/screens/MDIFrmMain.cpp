@@ -1,5 +1,7 @@
 #include "frontend/screens/MDIFrmMain.h"
 
+#include "export/screens/frmExportDataset.h"
+#include "frontend/screens/OpenFlows.h"
 #include "frontend/screens/frmAbout.h"
 #include "platform/Platform.h"
 #include "platform/qt/ErrorBoundary.h"
@@ -8,6 +10,10 @@
 #include "prospective/screens/frmUnivariateCusumTextfile.h"
 #include "retrospective/screens/frmCalculatePValue.h"
 #include "retrospective/screens/frmClusterDetectionTextfile.h"
+#include "spatial/AttributeRows.h"
+#include "spatial/CentroidFile.h"
+#include "spatial/screens/frmAttTable.h"
+#include "spatial/screens/frmInfo.h"
 #include "ui_MDIFrmMain.h"
 #include "workspace/Workspace.h"
 
@@ -39,10 +45,15 @@ void MDIFrmMain::ConnectMenu() {
         OnEvent(entry, &QAction::triggered, this, std::move(handler));
     };
     command(ui_->mnuExit, [] { platform().EndProcess(0); });
+    command(ui_->mnuOpenShapeRetro, [this] { OpenShapeRetro(*this); });
     command(ui_->mnuOpenTextRetro, [this] { OpenText(The<frmClusterDetectionTextfile>()); });
+    command(ui_->mnuOpenShapePro, [this] { OpenShapePro(*this); });
     command(ui_->mnuOpenTextPro, [this] { OpenText(The<frmUnivariateCusumTextfile>()); });
+    command(ui_->mnuAttTable, [this] { mnuAttTable_Click(); });
     command(ui_->mnuCusumTool, [] { The<frmCusumTools>().Show(); });
+    command(ui_->mnuExport, [] { The<frmExportDataset>().Show(); });
     command(ui_->mnuGetPValue, [] { The<frmCalculatePValue>().Show(); });
+    command(ui_->mnuGetCentroid, [] { mnuGetCentroid(); });
     command(ui_->mnuManual, [this] { mnuManual_Click(); });
     command(ui_->mnuAbout, [] { The<frmAbout>().Show(); });
 }
@@ -68,7 +79,15 @@ void MDIFrmMain::ShowFrame() {
 void MDIFrmMain::Unload() {
     if (!loaded_) return;
     screens().UnloadChildren();
+    The<frmInfo>().Unload();
     loaded_ = false;
+}
+
+void MDIFrmMain::EnableShapeEntries() {
+    for (auto* menu : {ui_->mnuScore_M, ui_->mnuUnivariateCusumShapefile})
+        menu->setEnabled(true);
+    for (auto* entry : {ui_->mnuGetCentroid, ui_->mnuAttTable, ui_->mnuExport})
+        entry->setEnabled(true);
 }
 
 QAction* MDIFrmMain::Entry(const char* name) const {
@@ -86,6 +105,12 @@ void MDIFrmMain::OpenText(Screen& screen) {
     ws.bTextfileData = true;
     Unload();
     screen.Show(); // brings the frame back, as at the start
+}
+
+void MDIFrmMain::mnuAttTable_Click() {
+    if (AttributeTable().EndOfFile()) AttributeTable().MoveFirst();
+    The<frmAttTable>().Show();
+    The<frmAttTable>().NameTable();
 }
 
 void MDIFrmMain::mnuManual_Click() {

@@ -30,6 +30,9 @@ public:
     /// the end of the process.
     void Unload();
 
+    /// Enables what an open polygon dataset serves.
+    void EnableShapeEntries();
+
     /// A menu entry by its name.
     QAction* Entry(const char* name) const;
 
@@ -41,6 +44,7 @@ private:
     void MDIFrmMain_Load();
 
     void OpenText(Screen& screen);
+    void mnuAttTable_Click();
     void mnuManual_Click();
 
     std::unique_ptr<Ui::MDIFrmMain> ui_;

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vastrel {
 
@@ -21,6 +22,10 @@ public:
         const int shown = currentIndex();
         addItem(QString::fromStdString(text));
         setCurrentIndex(shown); // the first entry would be shown otherwise
+    }
+    void AddItems(const std::vector<std::string>& texts) {
+        for (const auto& text : texts)
+            AddItem(text);
     }
     void Clear() { clear(); }
     int ListCount() const { return count(); }

@@ -3,6 +3,7 @@
 #include "platform/Platform.h"
 #include "platform/RunTimeError.h"
 
+#include <cstdlib>
 #include <exception>
 #include <new>
 
@@ -13,6 +14,7 @@ void InBoundary(const std::function<void()>& handler) {
         handler();
     } catch (const RunTimeError& error) {
         platform().ReportRunTimeError(error);
+        if (error.EndsProcess()) platform().EndProcess(EXIT_FAILURE);
     } catch (const std::bad_alloc&) {
         platform().ReportRunTimeError(RunTimeError(OutOfMemory, "", CustomaryText(OutOfMemory)));
     } catch (const std::exception& error) {

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScopeGuard>
 
 namespace vastrel {
 
@@ -24,7 +25,12 @@ void Screen::Load() {
     loaded_ = true;
     design_.Restore();
     screens().Admit(this);
-    Form_Load();
+    try {
+        Form_Load();
+    } catch (...) {
+        loaded_ = false; // so that the next show begins anew
+        throw;
+    }
 }
 
 void Screen::Unload() {
@@ -56,13 +62,13 @@ void Screen::Show() {
 
 void Screen::ShowModal() {
     setWindowModality(Qt::ApplicationModal);
+    const auto modeless = qScopeGuard([this] { setWindowModality(Qt::NonModal); });
     Show();
     QEventLoop loop;
     connect(&screens(), &Screens::Unloaded, &loop, [&](Screen* screen) {
         if (screen == this) loop.quit();
     });
     if (loaded_) loop.exec();
-    setWindowModality(Qt::NonModal);
 }
 
 QWidget* Screen::Frame() {

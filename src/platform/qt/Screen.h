@@ -20,7 +20,8 @@ public:
     bool IsLoaded() const { return loaded_; }
     Kind ScreenKind() const { return kind_; }
 
-    /// Puts the controls back to their design state and runs the load step. Nothing when loaded already.
+    /// Puts the controls back to their design state and runs the load step. Nothing when loaded already. A
+    /// screen whose load step ends with a fault is not loaded.
     void Load();
 
     /// Runs the unload step and hides. Nothing when not loaded. A fault of the step goes on to the caller

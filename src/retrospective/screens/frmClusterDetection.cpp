@@ -2,6 +2,7 @@
 
 #include "display/PlotSurface.h"
 #include "display/screens/frmPolygonSHP.h"
+#include "frontend/screens/frmParameter.h"
 #include "platform/Numbers.h"
 #include "platform/qt/ErrorBoundary.h"
 #include "platform/qt/Screens.h"
@@ -21,6 +22,7 @@ frmClusterDetection::frmClusterDetection()
     : RetroScreen(Kind::Child, PolygonRules()), ui_(std::make_unique<Ui::frmClusterDetection>()) {
     ui_->setupUi(this);
     TakeControls();
+    OnEvent(ui_->cmdDataReset, &QPushButton::clicked, this, [] { The<frmParameter>().Show(); });
     OnEvent(ui_->cmdExit, &QPushButton::clicked, this, [this] { cmdExit_Click(); });
 }
 

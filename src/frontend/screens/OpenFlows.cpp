@@ -1,0 +1,81 @@
+#include "frontend/screens/OpenFlows.h"
+
+#include "frontend/screens/MDIFrmMain.h"
+#include "frontend/screens/PolygonScreens.h"
+#include "frontend/screens/frmParameter.h"
+#include "frontend/screens/frmSelectName.h"
+#include "platform/qt/Screens.h"
+#include "prospective/screens/frmUnivariateCusumTextfile.h"
+#include "retrospective/screens/frmClusterDetectionTextfile.h"
+#include "spatial/Centroids.h"
+#include "spatial/ShapeDataset.h"
+#include "spatial/screens/frmAttTable.h"
+#include "workspace/Workspace.h"
+
+namespace vastrel {
+
+namespace {
+
+bool ChooseShapefile() {
+    ws.MapZoom = 1.0;
+    if (!OpenShapeAttributes()) return false;
+    The<frmAttTable>().TakeTable();
+    return true;
+}
+
+void TakeShapes() {
+    ReadShapeHeader();
+    LoadShapes();
+    ws.ShapeFileTitleSaved = ws.ShapeFileTitle;
+}
+
+void ComputePlaces() {
+    ComputeShapeAreas();
+    ComputeCentroids();
+}
+
+void MarkShapefileData() {
+    ws.bRetroMapping = false;
+    ws.bCusumMapping = false;
+    ws.bShapefileData = true;
+    ws.bTextfileData = false;
+}
+
+} // namespace
+
+void OpenShapeRetro(MDIFrmMain& frame) {
+    // The screen of the test itself stays, other than in the prospective flow.
+    The<frmClusterDetectionTextfile>().Unload();
+    The<frmUnivariateCusumTextfile>().Unload();
+    UnloadWatchScreen();
+    UnloadGraph();
+    UnloadSigmaChart();
+    UnloadMap();
+    if (!ChooseShapefile()) return;
+    TakeShapes();
+    The<frmParameter>().Unload(); // one that stands from a reset of the data has the lists of the old table
+    The<frmParameter>().ShowModal();
+    ComputePlaces();
+    DrawPlainMapNoPan();
+    frame.EnableShapeEntries();
+    MarkShapefileData();
+}
+
+void OpenShapePro(MDIFrmMain& frame) {
+    // The screen of the test itself stays here too.
+    UnloadRetroScreen();
+    The<frmClusterDetectionTextfile>().Unload();
+    The<frmUnivariateCusumTextfile>().Unload();
+    UnloadGraph();
+    UnloadSigmaChart();
+    UnloadMap();
+    if (!ChooseShapefile()) return;
+    MarkShapefileData(); // before the load, other than in the retrospective flow
+    TakeShapes();
+    ComputePlaces();
+    DrawPlainMapNoPan();
+    The<frmSelectName>().Show();
+    frame.EnableShapeEntries();
+}
+
+} // namespace vastrel

@@ -1,0 +1,38 @@
+#include "frontend/screens/PolygonScreens.h"
+
+#include "display/screens/frmPolygonSHP.h"
+#include "platform/qt/Screens.h"
+#include "retrospective/screens/frmClusterDetection.h"
+#include "retrospective/screens/frmSigmaChart.h"
+
+namespace vastrel {
+
+void UnloadMap() {
+    The<frmPolygonSHP>().Unload();
+}
+
+void DrawPlainMapNoPan() {
+    The<frmPolygonSHP>().DrawPlainMapNoPan();
+}
+
+void UnloadRetroScreen() {
+    The<frmClusterDetection>().Unload();
+}
+
+void ShowRetroScreen() {
+    The<frmClusterDetection>().Show();
+}
+
+void TakeAlphaValues() {
+    The<frmClusterDetection>().TakeAlphaValues();
+}
+
+void UnloadSigmaChart() {
+    The<frmSigmaChart>().Unload();
+}
+
+void UnloadWatchScreen() {}
+void ShowWatchScreen() {}
+void UnloadGraph() {}
+
+} // namespace vastrel
