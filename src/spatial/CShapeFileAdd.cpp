@@ -1,4 +1,5 @@
 // The writing half of CShapeFile.
+#include "platform/Numbers.h"
 #include "spatial/ByteOrder.h"
 #include "spatial/CMultiPoint.h"
 #include "spatial/CPolyLine.h"
@@ -18,8 +19,9 @@ constexpr std::int64_t BoxPlace = 36;
 
 constexpr std::int32_t NullContentLength = 2; // words
 
+/// Run-time error 6 for a file that has grown beyond what its format can tell.
 std::int32_t Words(std::int64_t bytes) {
-    return static_cast<std::int32_t>(bytes / 2);
+    return RoundToInt32(static_cast<double>(bytes / 2));
 }
 
 /// Which shapes a file takes, and how each is written.

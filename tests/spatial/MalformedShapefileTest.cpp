@@ -53,12 +53,31 @@ Pair TooLargeArea() {
     return WithRecord(Replaced(SoundSquare, FirstPointPlace + 16, corners));
 }
 
+/// A folder with one dataset, whose files are written anew only when they change.
+class DatasetFolder {
+public:
+    DatasetFolder() {
+        folder_.Write("bad.dbf", TableBytes({{"ID", 'N', 5}}, {{"    1"}, {"    2"}, {"    3"}}));
+    }
+
+    std::string Write(const Pair& pair) {
+        if (!written_ || pair.Shp != now_.Shp) folder_.Write("bad.shp", pair.Shp);
+        if (!written_ || pair.Shx != now_.Shx) folder_.Write("bad.shx", pair.Shx);
+        now_ = pair;
+        written_ = true;
+        return folder_ / "bad.shp";
+    }
+
+private:
+    TemporaryFolder folder_;
+    Pair now_;
+    bool written_ = false;
+};
+
 /// Opens, loads, and computes as the open flows do.
-RaisedError OpenAndCompute(const Pair& pair, const TemporaryFolder& folder = TemporaryFolder()) {
+RaisedError OpenAndCompute(DatasetFolder& folder, const Pair& pair) {
     ws = Workspace{};
-    const std::string path = folder.Write("bad.shp", pair.Shp);
-    folder.Write("bad.shx", pair.Shx);
-    folder.Write("bad.dbf", TableBytes({{"ID", 'N', 5}}, {{"    1"}, {"    2"}, {"    3"}}));
+    const std::string path = folder.Write(pair);
     return ErrorOf([&] {
         OpenShapeAttributes({path, "bad.shp", false});
         ReadShapeHeader();
@@ -168,8 +187,9 @@ std::vector<Case> Cases() {
 
 TEST(MalformedShapefile, EndsAsTheTableSays) {
     ScriptedPlatform platform;
+    DatasetFolder folder;
     for (const auto& [what, files, number, ending] : Cases()) {
-        const auto error = OpenAndCompute(files);
+        const auto error = OpenAndCompute(folder, files);
         EXPECT_EQ(error.Number, number) << what << ": " << error;
         EXPECT_EQ(error.EndsProcess, ending == Ends::Process) << what;
         EXPECT_EQ(number == 0, ending == Ends::Nothing) << what;
@@ -178,11 +198,12 @@ TEST(MalformedShapefile, EndsAsTheTableSays) {
 
 TEST(MalformedShapefile, NamesFileAndRecord) {
     ScriptedPlatform platform;
+    DatasetFolder folder;
     for (const auto& [what, files, number, ending] : Cases()) {
         const bool ofRecord =
             number == Overflow || number == SubscriptOutOfRange || number == InputPastEndOfFile;
         if (!ofRecord || ending != Ends::Process || std::string(what).rfind("length", 0) == 0) continue;
-        const auto error = OpenAndCompute(files);
+        const auto error = OpenAndCompute(folder, files);
         EXPECT_NE(error.Description.find("bad.sh"), std::string::npos) << what << ": " << error;
         EXPECT_NE(error.Description.find("record 2"), std::string::npos) << what << ": " << error;
     }
@@ -190,7 +211,8 @@ TEST(MalformedShapefile, NamesFileAndRecord) {
 
 TEST(MalformedShapefile, LeavesWhatWasFilledBefore) {
     ScriptedPlatform platform;
-    OpenAndCompute(WithRecord(Replaced(SoundSquare, FirstPointPlace, LittleDouble(Nan))));
+    DatasetFolder folder;
+    OpenAndCompute(folder, WithRecord(Replaced(SoundSquare, FirstPointPlace, LittleDouble(Nan))));
     EXPECT_EQ(ws.NumRegion, 3);
     EXPECT_EQ(ws.ShpPolygons.Count(), 1);
     EXPECT_FALSE(ws.RegionCentroid.IsAllocated());
@@ -198,12 +220,13 @@ TEST(MalformedShapefile, LeavesWhatWasFilledBefore) {
 
 TEST(MalformedShapefile, LeavesNoResultOfAFault) {
     ScriptedPlatform platform;
-    OpenAndCompute(WithRecord(PolygonContents({{{1, 2}, {3, 5}, {1, 2}}})));
+    DatasetFolder folder;
+    OpenAndCompute(folder, WithRecord(PolygonContents({{{1, 2}, {3, 5}, {1, 2}}})));
     EXPECT_EQ(ws.TotalShapeArea, 2); // two unit squares and a ring without area
     ASSERT_EQ(ws.RegionCentroid.UpperBound(), 3);
     for (int i = 0; i <= 3; ++i)
         EXPECT_EQ(ws.RegionCentroid(i), RegionPoint{}) << i;
-    OpenAndCompute(TooLargeArea());
+    OpenAndCompute(folder, TooLargeArea());
     EXPECT_EQ(ws.TotalShapeArea, 0);
     for (int i = 0; i <= 3; ++i)
         EXPECT_EQ(ws.ShpPartArea(i, 1), PartAreaRecord{}) << i;
@@ -211,9 +234,9 @@ TEST(MalformedShapefile, LeavesNoResultOfAFault) {
 
 TEST(MalformedShapefile, EndsAtEveryLengthOfTheMainFile) {
     ScriptedPlatform platform;
-    const TemporaryFolder folder;
+    DatasetFolder folder;
     for (size_t length = 0; length < Sound.Shp.size(); ++length) {
-        const auto error = OpenAndCompute({Sound.Shp.substr(0, length), Sound.Shx}, folder);
+        const auto error = OpenAndCompute(folder, {Sound.Shp.substr(0, length), Sound.Shx});
         EXPECT_EQ(error.Number, InputPastEndOfFile) << length;
         EXPECT_EQ(error.EndsProcess, length >= 100) << length;
     }
@@ -221,9 +244,9 @@ TEST(MalformedShapefile, EndsAtEveryLengthOfTheMainFile) {
 
 TEST(MalformedShapefile, EndsAtEveryLengthOfTheIndex) {
     ScriptedPlatform platform;
-    const TemporaryFolder folder;
+    DatasetFolder folder;
     for (size_t length = 0; length < Sound.Shx.size(); ++length) {
-        const auto error = OpenAndCompute({Sound.Shp, Sound.Shx.substr(0, length)}, folder);
+        const auto error = OpenAndCompute(folder, {Sound.Shp, Sound.Shx.substr(0, length)});
         EXPECT_EQ(error.Number, length < 4 ? InvalidFileCode : InputPastEndOfFile) << length;
         EXPECT_TRUE(error.EndsProcess) << length;
     }
@@ -231,7 +254,7 @@ TEST(MalformedShapefile, EndsAtEveryLengthOfTheIndex) {
 
 TEST(MalformedShapefile, SurvivesEveryChangedByte) {
     ScriptedPlatform platform;
-    const TemporaryFolder folder;
+    DatasetFolder folder;
     const Pair pair =
         WithRecord(PolygonContents({ClockwiseSquare(0, 0, 1), CounterClockwiseSquare(3, 3, 2)}));
     for (const bool inIndex : {false, true}) {
@@ -239,7 +262,7 @@ TEST(MalformedShapefile, SurvivesEveryChangedByte) {
         for (size_t place = 0; place < bytes.size(); ++place) {
             for (const char value : {'\x7F', '\xFF'}) {
                 const std::string changed = Replaced(bytes, place, std::string(1, value));
-                OpenAndCompute(inIndex ? Pair{pair.Shp, changed} : Pair{changed, pair.Shx}, folder);
+                OpenAndCompute(folder, inIndex ? Pair{pair.Shp, changed} : Pair{changed, pair.Shx});
                 for (std::ptrdiff_t i = 0; i <= ws.RegionCentroid.UpperBound(); ++i)
                     ASSERT_TRUE(std::isfinite(ws.RegionCentroid(i).X) &&
                                 std::isfinite(ws.RegionCentroid(i).Y))

@@ -180,6 +180,17 @@ TEST_F(ShapeDataset, ReplacesTheTableOfBefore) {
     EXPECT_EQ(ws.AttributeRecordset->RecordCount(), 2);
 }
 
+TEST_F(ShapeDataset, LeavesRowsAndShapesThatDoNotAgreeToTheWalks) {
+    for (const int rows : {2, 4}) {
+        folder.Write("nc.dbf", TableOf(rows));
+        Choose(Polygons(3).WritePair(folder, "nc"));
+        EXPECT_TRUE(OpenShapeAttributes());
+        LoadShapes();
+        EXPECT_EQ(ws.AttributeRowCount, rows);
+        EXPECT_EQ(ws.NumRegion, 3);
+    }
+}
+
 TEST_F(ShapeDataset, ReadsTheHeader) {
     ws.ShapeFilePath = Polygons(1).WritePair(folder, "nc");
     ReadShapeHeader();

@@ -1,0 +1,16 @@
+// The cusum file (.csm).
+#include "FuzzTarget.h"
+
+#include "prospective/CusumFile.h"
+#include "workspace/Workspace.h"
+
+using namespace vastrel;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
+    const std::string path = WriteInput("saved.csm", AsText(data, size));
+    RunReader([&] {
+        ws.NumRegion = 4;
+        ReadCusumFile(path);
+    });
+    return 0;
+}
