@@ -11,6 +11,11 @@ namespace vastrel {
 
 namespace {
 
+void ClearForm(const PolygonMap& map) {
+    map.Form.Erase();
+    map.Form.Refresh();
+}
+
 void ShowDisplayValues(const PolygonMap& map) {
     ShowRetroMap(map, ws.DisplayClassValues, ws.DisplayDrawValues);
 }
@@ -62,20 +67,20 @@ void RedrawActivated(const PolygonMap& map) {
 }
 
 void ShowWholeExtent(const PolygonMap& map) {
-    map.Form.Erase();
+    ClearForm(map);
     ws.MapZoom = PolygonMapZoom.FullExtent;
     DropSettledPan(ws.PolygonView);
     RedrawByMode(map);
 }
 
 void ZoomIn(const PolygonMap& map) {
-    map.Form.Erase();
+    ClearForm(map);
     AddZoomSteps(1 + FurtherSteps(), PolygonMapZoom.Step);
     RedrawByMode(map);
 }
 
 void ZoomOut(const PolygonMap& map) {
-    map.Form.Erase();
+    ClearForm(map);
     AddZoomSteps(1, -PolygonMapZoom.Step);
     DrawPlainMapNoPan(map.picSHP);
     AddZoomSteps(FurtherSteps(), -PolygonMapZoom.Step);

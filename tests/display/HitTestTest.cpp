@@ -2,7 +2,7 @@
 
 #include "spatial/CPolygon.h"
 #include "support/Errors.h"
-#include "support/PolygonFile.h"
+#include "support/ShapefileBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,16 +10,11 @@ using namespace vastrel;
 
 namespace {
 
-/// A closed square ring.
-Ring Square(double x, double y, double size) {
-    return {{x, y}, {x, y + size}, {x + size, y + size}, {x + size, y}, {x, y}};
-}
-
 void AddPolygon(const std::vector<Ring>& rings) {
     auto polygon = std::make_shared<CPolygon>();
     for (const Ring& ring : rings) {
         CPart part;
-        for (const PointXY& vertex : ring)
+        for (const Vertex& vertex : ring)
             part.Add(CPoint(vertex.X, vertex.Y));
         polygon->Add(std::move(part));
     }
@@ -42,9 +37,9 @@ protected:
 } // namespace
 
 TEST_F(HitTest, FindsTheRegionAndLeavesThePositionOfTheClick) {
-    AddPolygon({Square(0, 0, 10)});
-    AddPolygon({Square(20, 0, 10)});
-    AddPolygon({Square(40, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(20, 0, 10)});
+    AddPolygon({ClockwiseSquare(40, 0, 10)});
     const RegionHit hit = HitTestRegion(42.5, 97);
     EXPECT_EQ(hit.Region, 2);
     EXPECT_EQ(hit.At, (MousePosition{42.5F, 3}));
@@ -54,8 +49,8 @@ TEST_F(HitTest, FindsTheRegionAndLeavesThePositionOfTheClick) {
 }
 
 TEST_F(HitTest, SelectsTheFirstRegionOnEmptyGround) {
-    AddPolygon({Square(0, 0, 10)});
-    AddPolygon({Square(20, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(20, 0, 10)});
     EXPECT_EQ(At(90, 90), 0);
     EXPECT_EQ(ws.SelectedRegion, 0);
 }
@@ -66,30 +61,30 @@ TEST_F(HitTest, SelectsTheFirstRegionWithoutAnyPolygon) {
 }
 
 TEST_F(HitTest, GivesTheFirstOfTwoOverlappingSingleParts) {
-    AddPolygon({Square(90, 90, 5)});
-    AddPolygon({Square(0, 0, 10)});
-    AddPolygon({Square(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(90, 90, 5)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
     EXPECT_EQ(At(5, 5), 1);
 }
 
 TEST_F(HitTest, GivesTheLastOfOverlappingPolygonsOfSeveralParts) {
     for (int i = 0; i < 3; ++i)
-        AddPolygon({Square(0, 0, 10), Square(50, 0, 10)});
+        AddPolygon({ClockwiseSquare(0, 0, 10), ClockwiseSquare(50, 0, 10)});
     EXPECT_EQ(At(5, 5), 2);
     EXPECT_EQ(At(55, 5), 2);
 }
 
 TEST_F(HitTest, LetsASinglePartWinOverWhatCameBeforeAndAfter) {
-    AddPolygon({Square(0, 0, 10), Square(50, 0, 10)});
-    AddPolygon({Square(0, 0, 10)});
-    AddPolygon({Square(0, 0, 10), Square(50, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10), ClockwiseSquare(50, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10), ClockwiseSquare(50, 0, 10)});
     EXPECT_EQ(At(5, 5), 1);
     EXPECT_EQ(At(55, 5), 2); // outside the single part the last of the others wins
 }
 
 TEST_F(HitTest, SelectsThePolygonOfAHole) {
-    AddPolygon({Square(90, 90, 5)});
-    AddPolygon({Square(0, 0, 30), {{10, 10}, {20, 10}, {20, 20}, {10, 20}, {10, 10}}});
+    AddPolygon({ClockwiseSquare(90, 90, 5)});
+    AddPolygon({ClockwiseSquare(0, 0, 30), CounterClockwiseSquare(10, 10, 10)});
     EXPECT_EQ(At(15, 15), 1);
     EXPECT_EQ(At(5, 5), 1);
 }
@@ -97,28 +92,28 @@ TEST_F(HitTest, SelectsThePolygonOfAHole) {
 TEST_F(HitTest, PassesOverPolygonsWithoutAPartAndCountsThem) {
     AddPolygon({});
     AddPolygon({});
-    AddPolygon({Square(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
     EXPECT_EQ(At(5, 5), 2);
 }
 
 TEST_F(HitTest, PassesOverPartsOfOneVertex) {
     AddPolygon({{{5, 5}}});
-    AddPolygon({{}, {{5, 5}}, Square(0, 0, 10)});
+    AddPolygon({{}, {{5, 5}}, ClockwiseSquare(0, 0, 10)});
     EXPECT_EQ(At(5, 5), 1);
 }
 
 // The closing vertex stands for no vertex of its own: of an open ring the last vertex is lost, so that this
 // square is the triangle on its diagonal.
 TEST_F(HitTest, LeavesOutTheLastVertexAlsoOfAnOpenRing) {
-    AddPolygon({Square(90, 90, 5)});
+    AddPolygon({ClockwiseSquare(90, 90, 5)});
     AddPolygon({{{0, 0}, {0, 10}, {10, 10}, {10, 0}}});
     EXPECT_EQ(At(2, 8), 1);
     EXPECT_EQ(At(8, 2), 0);
 }
 
 TEST_F(HitTest, TakesTheLastDragIn) {
-    AddPolygon({Square(90, 90, 5)});
-    AddPolygon({Square(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(90, 90, 5)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
     ws.PolygonView.PanDX = 30;
     EXPECT_EQ(HitTestRegion(35, 95).Region, 1);
     EXPECT_EQ(HitTestRegion(5, 95).Region, 0);
@@ -127,21 +122,21 @@ TEST_F(HitTest, TakesTheLastDragIn) {
 // A square of 0.002 round the click has dot products of 0.0000025 at most, below the 0.0001 that counts as
 // none; enlarged a hundred times they are 0.02.
 TEST_F(HitTest, EnlargesBeforeItMeasures) {
-    AddPolygon({Square(90, 90, 5)});
-    AddPolygon({Square(4, 4, 0.002)});
+    AddPolygon({ClockwiseSquare(90, 90, 5)});
+    AddPolygon({ClockwiseSquare(4, 4, 0.002)});
     EXPECT_EQ(At(4.0005, 4.0005), 1);
     EXPECT_EQ(At(4.01, 4.01), 0);
 }
 
 TEST_F(HitTest, StopsWithoutAScaleAndSelectsTheFirst) {
-    AddPolygon({Square(0, 0, 10)});
+    AddPolygon({ClockwiseSquare(0, 0, 10)});
     ws.PolygonView.MapScaleX = 0;
     EXPECT_EQ(NumberOf([] { At(5, 5); }), DivisionByZero);
     EXPECT_EQ(ws.SelectedRegion, 0);
 }
 
 TEST_F(HitTest, StopsWhereAProductDoesNotFitIn32Bits) {
-    AddPolygon({Square(-1e20, -1e20, 2e20)});
+    AddPolygon({ClockwiseSquare(-1e20, -1e20, 2e20)});
     EXPECT_EQ(NumberOf([] { At(5, 5); }), Overflow);
     EXPECT_EQ(ws.SelectedRegion, 0);
 }

@@ -77,8 +77,7 @@ TEST_F(PolygonMapTest, ClearsTheFormBuildsTheLegendAndPaints) {
     auto classValues = ArrayFrom1<double>({2, -1, 0});
     const auto drawValues = classValues;
     ShowRetroMap(map_, classValues, drawValues);
-    EXPECT_EQ(form_.Operations().substr(0, 56),
-              "erase\nstyle solid\nfill 0xFF0000\nbox 6.667 53.333 20.000 6");
+    EXPECT_EQ(form_.Operations().rfind("erase\nstyle solid\nfill 0xFF0000\nbox 6.667 53.333", 0), 0);
     EXPECT_EQ(Times(form_.Operations(), "text "), 6);
     EXPECT_EQ(Times(form_.Operations(), "| -1.0000   -   0.0000|"), 1);
     EXPECT_EQ(Times(form_.Operations(), "|  0.0000   -    0.0000|"), 4);
@@ -186,7 +185,7 @@ TEST_F(PolygonMapTest, ZoomsInByOneStepOnAStatisticAndByTwoOtherwise) {
         EXPECT_EQ(ws.MapZoom, 1 + 0.4 + 0.4);
         EXPECT_EQ(Corner(), "10,95");
         EXPECT_EQ(Picture(), mode == Mode::Plain ? "plain" : "cusum");
-        EXPECT_EQ(form_.Operations(), "erase\n");
+        EXPECT_EQ(form_.Operations(), "erase\nrefresh\n");
         EXPECT_EQ(Times(picSHP_.Operations(), "erase"), 1);
     }
 }
@@ -247,7 +246,7 @@ TEST_F(PolygonMapTest, GoesBackToTheWholeExtentAndKeepsTheLastDrag) {
         EXPECT_EQ(ws.PolygonView.PanSettledX, 0);
         EXPECT_EQ(ws.PolygonView.PanSettledY, 0);
         EXPECT_EQ(Corner(), "52,75");
-        EXPECT_EQ(form_.Operations().substr(0, 6), "erase\n");
+        EXPECT_EQ(form_.Operations().substr(0, 14), "erase\nrefresh\n");
         EXPECT_EQ(Picture(), mode == Mode::Plain ? "plain" : mode == Mode::Cusum ? "cusum" : "statistic");
     }
 }
@@ -256,7 +255,7 @@ TEST_F(PolygonMapTest, GoesBackToTheWholeExtentAndKeepsTheLastDrag) {
 TEST_F(PolygonMapTest, MarksFreshCentroidsOnTheOutlines) {
     auto polygon = std::make_shared<CPolygon>();
     CPart part;
-    for (const PointXY& vertex : Ring{{100, 200}, {100, 202}, {103, 202}, {103, 200}, {100, 200}})
+    for (const Vertex& vertex : Ring{{100, 200}, {100, 202}, {103, 202}, {103, 200}, {100, 200}})
         part.Add(CPoint(vertex.X, vertex.Y));
     polygon->Add(std::move(part));
     ws.ShpPolygons.Add(polygon);

@@ -1,54 +1,17 @@
 #include "support/PolygonFile.h"
 
-#include <bit>
-
 namespace vastrel {
 
-namespace {
-
-std::string Bytes(std::uint64_t bits, int count, bool lowFirst) {
-    std::string bytes;
-    for (int i = 0; i < count; ++i)
-        bytes += static_cast<char>(bits >> (8 * (lowFirst ? i : count - 1 - i)));
-    return bytes;
-}
-
-std::string HighFirst(std::int32_t value) {
-    return Bytes(static_cast<std::uint32_t>(value), 4, false);
-}
-
-std::string Double(double value) {
-    return Bytes(std::bit_cast<std::uint64_t>(value), 8, true);
-}
-
-} // namespace
-
-std::string LowFirst(std::int32_t value) {
-    return Bytes(static_cast<std::uint32_t>(value), 4, true);
-}
-
 std::string PolygonRecord(int number, const std::vector<Ring>& rings) {
-    std::string firsts, vertices;
-    std::int32_t count = 0;
-    for (const Ring& ring : rings) {
-        firsts += LowFirst(count);
-        for (const PointXY& vertex : ring)
-            vertices += Double(vertex.X) + Double(vertex.Y);
-        count += static_cast<std::int32_t>(ring.size());
-    }
-    const std::string contents = LowFirst(5) + std::string(32, '\0') +
-                                 LowFirst(static_cast<std::int32_t>(rings.size())) + LowFirst(count) +
-                                 firsts + vertices;
-    return HighFirst(number) + HighFirst(static_cast<std::int32_t>(contents.size() / 2)) + contents;
+    const std::string contents = PolygonContents(rings);
+    return BigInteger(number) + BigInteger(static_cast<std::int32_t>(contents.size() / 2)) + contents;
 }
 
 std::string PolygonFile(const std::vector<std::string>& records) {
-    std::string all;
+    std::string file = ShapefileBytes(5).Shp();
     for (const std::string& record : records)
-        all += record;
-    return HighFirst(9994) + std::string(20, '\0') +
-           HighFirst(static_cast<std::int32_t>((100 + all.size()) / 2)) + LowFirst(1000) + LowFirst(5) +
-           Double(100) + Double(200) + Double(110) + Double(205) + std::string(32, '\0') + all;
+        file += record;
+    return file;
 }
 
 std::vector<std::string> ThreeRegions() {

@@ -1,22 +1,17 @@
 #pragma once
 
 #include "display/PlotSurface.h"
+#include "support/ShapefileBytes.h"
 
 #include <string>
 #include <vector>
 
 namespace vastrel {
 
-using Ring = std::vector<PointXY>;
-
-/// The integer in four bytes, low byte first.
-std::string LowFirst(std::int32_t value);
-
-/// A record of a polygon file, written byte by byte: record number, length, shape type, a box of zeros, the
-/// counts of rings and vertices, the index of each ring's first vertex, the vertices.
+/// A whole record of a polygon file, its header included.
 std::string PolygonRecord(int number, const std::vector<Ring>& rings);
 
-/// A file of these records behind a main header of 100 bytes.
+/// A polygon file of these records behind a main header of 100 bytes.
 std::string PolygonFile(const std::vector<std::string>& records);
 
 /// Three Regions in the extent from (100, 200) to (110, 205): a box, a box with a hole, and a triangle. Every
