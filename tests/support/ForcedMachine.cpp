@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace vastrel {
@@ -29,7 +30,14 @@ Machine MachineOfTheRun() {
 }
 
 class WholeRun : public testing::Environment {
-    void SetUp() override { Force(MachineOfTheRun()); }
+    void SetUp() override {
+        const Machine machine = MachineOfTheRun();
+        const auto offered = OfferedInstructionSets();
+        if (!machine.InstructionSet.empty() &&
+            std::find(offered.begin(), offered.end(), machine.InstructionSet) == offered.end())
+            GTEST_SKIP() << "This processor has no " << machine.InstructionSet << ".";
+        Force(machine);
+    }
 };
 
 const auto* const wholeRun = testing::AddGlobalTestEnvironment(new WholeRun);
