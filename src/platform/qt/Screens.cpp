@@ -26,7 +26,7 @@ void Screens::Admit(Screen* screen) {
     // As new, also where it was moved or maximised before.
     if (window->windowState() != Qt::WindowNoState) window->setWindowState(Qt::WindowNoState);
     window->hide();
-    window->setGeometry({{0, 0}, designSize_[screen]});
+    window->setGeometry({{0, 0}, designSize_[screen].expandedTo(window->minimumSizeHint())});
 }
 
 void Screens::Activate(QMdiSubWindow* child) {

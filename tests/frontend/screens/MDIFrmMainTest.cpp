@@ -51,21 +51,30 @@ protected:
 
 TEST_F(FrameTest, HasTheMenuToTheLetter) {
     EXPECT_EQ(TreeOf(Frame.menuBar()->actions()),
-              R"(mnuFile "&File"
+              R"tree(mnuFile "&File"
   -
   mnuExit "&Exit"
 mnuClusterDetecton "&Cluster Detection"
   mnuRetrospectiveTest "&Retrospective Test"
     mnuScore_M "&Score and M Statistic"
-      mnuOpenShapeRetro "&Polygon (ESRI Shapefile)" mnuOpenTextRetro "&Point (Text File)" mnuProspectiveTest
-              "&Prospective Test" mnuUnivariateCusumShapefile
-              "&Cusum for Normal Variate (Univariate)" mnuOpenShapePro
-              "&Polygon (ESRI Shapefile)" mnuOpenTextPro "&Point (Text File)" mnuTool "&Tool" mnuAttTable
-              "&View Attribute of Shapefile" mnuCusumTool "&Cusum Tool" mnuExport "&Export" mnuGetPValue
-              "&Get p-value" mnuGetCentroid "&Get Centroid" mnuHelp "&Help" mnuManual "&Manual" -
-                  mnuAbout "& About Vastrel")
-    ");
-        EXPECT_EQ(Frame.windowTitle(), "Vastrel (Ver1.1)");
+      mnuOpenShapeRetro "&Polygon (ESRI Shapefile)"
+      mnuOpenTextRetro "&Point (Text File)"
+  mnuProspectiveTest "&Prospective Test"
+    mnuUnivariateCusumShapefile "&Cusum for Normal Variate (Univariate)"
+      mnuOpenShapePro "&Polygon (ESRI Shapefile)"
+      mnuOpenTextPro "&Point (Text File)"
+mnuTool "&Tool"
+  mnuAttTable "&View Attribute of Shapefile"
+  mnuCusumTool "&Cusum Tool"
+  mnuExport "&Export"
+  mnuGetPValue "&Get p-value"
+  mnuGetCentroid "&Get Centroid"
+mnuHelp "&Help"
+  mnuManual "&Manual"
+  -
+  mnuAbout "& About Vastrel"
+)tree");
+    EXPECT_EQ(Frame.windowTitle(), "Vastrel (Ver1.1)");
     EXPECT_NE(Frame.findChild<QStatusBar*>("staMain"), nullptr);
 }
 

@@ -23,6 +23,7 @@ protected:
         First.Click = [this] { Clicked += "first "; };
         Second.Click = [this] { Clicked += "second "; };
         Group.show();
+        Group.activateWindow(); // the keys of a group go to the one that has the focus
     }
 
     ScriptedPlatform Script;
@@ -43,6 +44,7 @@ TEST_F(OptionButtonTest, FiresOnlyWhenItBecomesSelected) {
 }
 
 TEST_F(OptionButtonTest, FiresByKeyboardAndByCode) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Group));
     First.setFocus();
     QTest::keyClick(&First, Qt::Key_Down);
     EXPECT_EQ(Clicked, "second ");

@@ -3,8 +3,6 @@
 #include "support/screens/ScreenChecks.h"
 #include "support/screens/ScreenTest.h"
 
-#include <QTest>
-
 using namespace vastrel;
 
 namespace {
@@ -148,9 +146,9 @@ TEST_F(ThresholdTest, StopsAtAnOverflowAndGoesOn) {
 TEST_F(ThresholdTest, CalculatesOnEnterGoesAtEscapeAndComesBackAsNew) {
     Press(Screen, "optOverallRegion");
     Type(Screen, "txtARL0", "100");
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtARL0"), Qt::Key_Return);
+    Key(Screen, "txtARL0", Qt::Key_Return);
     EXPECT_EQ(Text(Screen, Overall), "2.844");
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtARL0"), Qt::Key_Escape);
+    Key(Screen, "txtARL0", Qt::Key_Escape);
     EXPECT_FALSE(Screen.IsLoaded());
     Command("mnuCusumTool");
     EXPECT_EQ(Results(), (Texts{"", "", ""}));

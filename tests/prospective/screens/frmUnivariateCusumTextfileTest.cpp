@@ -2,11 +2,12 @@
 
 #include "display/qt/LineChart.h"
 #include "display/qt/PlotWidget.h"
+#include "platform/qt/OptionButton.h"
 #include "prospective/screens/WatchScreen.h"
 #include "support/screens/ScreenChecks.h"
 #include "workspace/Workspace.h"
 
-#include <QTest>
+#include <QLabel>
 
 #include <filesystem>
 
@@ -482,7 +483,7 @@ TEST_F(WatchScreen, GoesAndComesBackAsNew) {
 
 TEST_F(WatchScreen, RunsOnEnter) {
     LoadForStart();
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtKvalue"), Qt::Key_Return);
+    Key(Screen, "txtKvalue", Qt::Key_Return);
     EXPECT_EQ(Periods()->ListCount(), 7);
 }
 

@@ -3,8 +3,6 @@
 #include "support/screens/ScreenChecks.h"
 #include "support/screens/ScreenTest.h"
 
-#include <QTest>
-
 using namespace vastrel;
 
 namespace {
@@ -140,9 +138,9 @@ TEST_F(CalculatorTest, SaysWhatItIsGoodForEachTimeChiSquareIsChosen) {
 
 TEST_F(CalculatorTest, CalculatesOnEnterAndGoesAtEscape) {
     Type(Screen, "txtInputNormalZScore", "0");
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtInputNormalZScore"), Qt::Key_Return);
+    Key(Screen, "txtInputNormalZScore", Qt::Key_Return);
     EXPECT_EQ(Text(Screen, "txtInputZScore_PValue"), "0.50000000");
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtInputNormalZScore"), Qt::Key_Escape);
+    Key(Screen, "txtInputNormalZScore", Qt::Key_Escape);
     EXPECT_FALSE(Screen.IsLoaded());
 }
 

@@ -8,8 +8,6 @@
 #include "workspace/Workspace.h"
 
 #include <QLabel>
-#include <QTest>
-
 #include <filesystem>
 
 using namespace vastrel;
@@ -319,7 +317,7 @@ TEST_F(PointScreen, StopsBeforeItBeginsWhereThereAreTooManySteps) {
 }
 
 TEST_F(PointScreen, StopsAtADivisionByZeroWithThePointerBusyAndRunsAgain) {
-    Load(Folder.Write("no-cases.txt", "A,0,0,100,0\nB,4,0,200,0\nC,0,3,300,0\n"));
+    Load(Folder.Write("nobody.txt", "A,0,0,0,5\nB,4,0,200,1\nC,0,3,300,1\n")); // cases where nobody lives
     Press(Screen, "optAdjusted_Generic");
     Script.ExpectRunTimeError(11);
     RunSingle("1");
@@ -333,6 +331,10 @@ TEST_F(PointScreen, StopsAtADivisionByZeroWithThePointerBusyAndRunsAgain) {
     EXPECT_EQ(Global()->ListCount(), 2);
     EXPECT_TRUE(Script.BusyPointer());
     EXPECT_EQ(ChartPartsShown(), 0);
+    Load(Folder.Write("no-cases.txt", "A,0,0,100,0\nB,4,0,200,0\nC,0,3,300,0\n"));
+    Script.ExpectRunTimeError(5); // the sweep begins with the deviations: 0 / 0
+    RunRange("0.2", "2", "0.2");
+    EXPECT_TRUE(Script.BusyPointer());
     LoadFour();
     RunSingle("1");
     EXPECT_FALSE(Script.BusyPointer());
@@ -441,8 +443,8 @@ TEST_F(PointScreen, EnablesTheRunOfANewScreenWhereTheOldOneWasClosedBelowTheDial
 TEST_F(PointScreen, RunsOnEnterAndStaysAtEscape) {
     LoadFour();
     Type(Screen, "txtSingleSigma", "1");
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtSingleSigma"), Qt::Key_Return);
+    Key(Screen, "txtSingleSigma", Qt::Key_Return);
     EXPECT_EQ(Local()->ListCount(), 8);
-    QTest::keyClick(The_<QLineEdit>(Screen, "txtSingleSigma"), Qt::Key_Escape);
+    Key(Screen, "txtSingleSigma", Qt::Key_Escape);
     EXPECT_TRUE(Screen.IsLoaded());
 }

@@ -170,6 +170,6 @@ TEST_F(DataFormatTest, ContinuesOnEnter) {
     Press(Dialog, "optObsExp");
     Script.ExpectFile(FileQuestion::Kind::Open, OpenFilter, "");
     Script.ExpectMessage(NoFile);
-    QTest::keyClick(The_<QAbstractButton>(Dialog, "optObsExp"), Qt::Key_Return);
+    Key(Dialog, "optObsExp", Qt::Key_Return);
     EXPECT_TRUE(Dialog.IsLoaded());
 }

@@ -26,7 +26,8 @@ ScreenTest::ScreenTest() : Frame(SharedFrame()) {
     ws = Workspace{};
     Frame.ShowFrame();
     Frame.showNormal(); // the offscreen desktop is smaller than the frame
-    Frame.resize(1280, 860);
+    const QStringList size = qEnvironmentVariable("VASTREL_SHOT_SIZE", "1280x860").split('x');
+    Frame.resize(size[0].toInt(), size[1].toInt());
 }
 
 ScreenTest::~ScreenTest() {
@@ -44,6 +45,12 @@ void ScreenTest::Press(QWidget& screen, const char* button) {
 
 void ScreenTest::Type(QWidget& screen, const char* edit, const std::string& text) {
     The_<QLineEdit>(screen, edit)->setText(QString::fromStdString(text));
+}
+
+void ScreenTest::Key(QWidget& screen, const char* control, Qt::Key key) {
+    auto* focused = The_<QWidget>(screen, control);
+    focused->setFocus();
+    QTest::keyClick(focused, key);
 }
 
 std::string ScreenTest::Text(QWidget& screen, const char* control) {

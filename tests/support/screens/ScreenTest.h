@@ -29,6 +29,9 @@ protected:
 
     static void Press(QWidget& screen, const char* button);
     static void Type(QWidget& screen, const char* edit, const std::string& text);
+    /// Comes to a control and presses a key there.
+    static void Key(QWidget& screen, const char* control, Qt::Key key);
+
     /// The text of a line edit or of a label.
     static std::string Text(QWidget& screen, const char* control);
     static bool IsEnabled(QWidget& screen, const char* control);
