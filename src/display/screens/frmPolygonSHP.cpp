@@ -8,6 +8,7 @@
 #include "platform/qt/ErrorBoundary.h"
 #include "platform/qt/ListBox.h"
 #include "platform/qt/Screens.h"
+#include "retrospective/Sweep.h"
 #include "retrospective/screens/frmClusterDetection.h"
 #include "ui_frmPolygonSHP.h"
 #include "workspace/Workspace.h"
@@ -63,9 +64,9 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
     BuildToolbar();
     TakeDesign();
     ui_->picSHP->MouseMove = [this](int, double x, double y) { picSHP_MouseMove(x, y); };
+    ui_->sliderStatsRange->setTracking(false); // the map follows when the slider is let go
     OnEvent(ui_->sliderStatsRange, &QSlider::valueChanged, this, [this] { sliderStatsRange_Change(); });
-    connect(ui_->sliderStatsRange, &QSlider::sliderMoved, this,
-            [this](int k) { ui_->sliderStatsRange->setToolTip(QString::fromStdString(BandwidthTip(k))); });
+    OnEvent(ui_->sliderStatsRange, &QSlider::sliderMoved, this, [this] { sliderStatsRange_Scroll(); });
     screens().OnActivate(this, [this] { Form_Activate(); });
 }
 
@@ -239,10 +240,14 @@ void frmPolygonSHP::Animate() {
     ui_->sliderStatsRange->setMaximum(ws.BandwidthCount - 1);
 }
 
+void frmPolygonSHP::sliderStatsRange_Scroll() {
+    const int k = ui_->sliderStatsRange->sliderPosition();
+    ui_->sliderStatsRange->setToolTip(QString::fromStdString(BandwidthTip(k)));
+}
+
 void frmPolygonSHP::sliderStatsRange_Change() {
     const int k = ui_->sliderStatsRange->value();
-    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
-        ws.DisplayClassValues(i) = ws.DisplayDrawValues(i) = ws.StatisticTable(i, k);
+    TakeSweepValues(k);
     ShowRetroMap(ws.DisplayClassValues, ws.DisplayDrawValues);
     The<frmClusterDetection>().GlobalPatternSummary().SetListIndex(static_cast<int>(RowOfSweepStep(k)));
 }

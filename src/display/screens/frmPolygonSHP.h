@@ -61,6 +61,7 @@ private:
     void Form_Activate();
     void Form_Resize();
     void picSHP_MouseMove(double x, double y);
+    void sliderStatsRange_Scroll();
     void sliderStatsRange_Change();
     void Animate();
 
