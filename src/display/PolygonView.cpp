@@ -9,7 +9,7 @@ namespace vastrel {
 namespace {
 
 void ClearView() {
-    const MapPan pan = ws.PolygonView;
+    const MapPan pan = static_cast<const MapPan&>(ws.PolygonView);
     ws.PolygonView = {};
     static_cast<MapPan&>(ws.PolygonView) = pan;
 }

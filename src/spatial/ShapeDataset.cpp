@@ -134,7 +134,7 @@ std::string BuildDbaseConnection(const std::string& folder) {
 void ReadShapeHeader() {
     BinaryFile file;
     file.Open(ws.ShapeFilePath, BinaryFile::Access::Read);
-    char last;
+    char last = 0;
     const std::string place = "the main header of " + FileName(ws.ShapeFilePath);
     file.Read(static_cast<std::int64_t>(MainHeaderSize) - 1, &last, 1, place);
     const MainHeader header = ReadMainHeader(file);
