@@ -36,6 +36,7 @@ using AddCommand = void (*)(CLI::App& program, const ProgramOptions& options, Ru
 void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddRetrospectivePolygons(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddProspectivePoints(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddProspectivePolygons(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddExport(CLI::App& program, const ProgramOptions& options, RunCommand& run);

@@ -1,10 +1,7 @@
 #include "batch/Pictures.h"
-#include "batch/Progress.h"
-#include "batch/WatchResults.h"
+#include "batch/WatchCommand.h"
 #include "display/PointMap.h"
-#include "platform/TextFile.h"
 #include "prospective/CusumChart.h"
-#include "prospective/CusumFile.h"
 #include "prospective/CusumInput.h"
 #include "prospective/CusumRows.h"
 
@@ -23,7 +20,6 @@ struct PointWatchOptions : WatchOptions {
     std::string Start;
     std::string Surface;
     double Zoom = ProspectivePointZoom;
-    const ProgramOptions* Program = nullptr;
     const CLI::Option* PreviousOption = nullptr;
     const CLI::Option* StartOptionGiven = nullptr;
 
@@ -42,80 +38,70 @@ struct PointWatchOptions : WatchOptions {
     }
 };
 
-/// One call of the command: what the point screen does from its file buttons to Save, in its order.
-class PointWatchRun {
+/// What the point screen does, from its file buttons on.
+class PointWatchRun : public WatchCommand {
 public:
-    explicit PointWatchRun(const PointWatchOptions& options)
-        : options_(options), start_(options.ChosenStart()), map_(options.Zoom),
+    PointWatchRun(const PointWatchOptions& options, const ProgramOptions& program)
+        : WatchCommand(options, program), options_(options), start_(options.ChosenStart()),
+          map_(options.Zoom),
           size_(options.Surface.empty() ? ProspectivePointSurface() : ParseSurface(options.Surface)) {}
 
-    ExitStatus Run() {
+protected:
+    bool Load() override {
         ws.bTextfileData = true;
-        if (!Load()) return ExitStatus::Refused;
+        if (!LoadFiles()) return false;
         map_.X = watch_.RegionX;
         map_.Y = watch_.RegionY;
         PlotAllPoints(map_.View, size_, map_.X, map_.Y);
-        if (!TakeCusumParameters(options_.Parameters)) return ExitStatus::Refused;
+        return true;
+    }
+
+    bool RunTest() override {
         TakeCusumSigma(options_.Parameters.Sigma);
         RunPointCusum(watch_, start_);
-        AddOutputs();
-        outputs_.Write();
-        return ExitStatus::Done;
+        return true;
+    }
+
+    CusumOutputs Results() override { return watch_.Outputs(start_); }
+    std::ptrdiff_t RegionCount() const override { return watch_.N; }
+    std::ptrdiff_t PeriodCount() const override { return watch_.PeriodCount(start_); }
+    double StudyArea() const override { return watch_.StudyArea; }
+    Array1<std::string> SignalLabels() override { return Results().RegionLabel; }
+
+    void BeginChart() override {
+        if (start_ == StartOption::Previous)
+            ChartSetPrev(PeriodCount(), ws.HValue,
+                         ColumnMaxima(watch_.OldCusum, watch_.OldRowCount, SavedPeriods()), SavedPeriods());
+        else
+            ChartSet(PeriodCount(), ws.HValue);
+    }
+
+    std::string PlayPeriod(std::ptrdiff_t t) override {
+        const CusumOutputs results = Results();
+        if (t > SavedPeriods()) ChartUpdate(t, results.MaxCusum(t));
+        return PeriodRow(t, results.MaxCusum(t), results.MaxRegion(t));
+    }
+
+    std::string PeriodMap(const std::string& path, std::ptrdiff_t t) override {
+        return DrawPicture(path, size_, 1, [&](PlotSurface& surface) {
+            map_.DrawCusumPoints(surface, Results().Cusum, watch_.N, t, ws.HValue);
+        });
     }
 
 private:
-    bool Load() {
+    bool LoadFiles() {
         if (!LoadIDXY(watch_, AbsolutePath(options_.IDs))) return false;
         if (options_.GoesOn() && !LoadOldCusum(watch_, AbsolutePath(options_.Previous))) return false;
         return LoadNewZScore(watch_, AbsolutePath(options_.ZScores));
     }
 
-    void AddOutputs() {
-        const CusumOutputs run = watch_.Outputs(start_);
-        const std::ptrdiff_t periods = watch_.PeriodCount(start_);
-        AddWatchTexts(outputs_, options_,
-                      {run, run.RegionLabel, watch_.N, periods, watch_.StudyArea, PlayPeriods(run, periods)});
-        if (!options_.Cusum.empty())
-            outputs_.Add(options_.Cusum, JoinLines(CusumFileLines(run.Cusum, watch_.N, periods)));
-        AddWatchChart(outputs_, options_.Chart);
-        AddMaps(run, periods);
-    }
-
-    /// The rows of the period list, with the chart filled beside them.
-    std::vector<std::string> PlayPeriods(const CusumOutputs& run, std::ptrdiff_t periods) const {
-        const std::ptrdiff_t saved = periods - watch_.NewPeriodCount;
-        if (start_ == StartOption::Previous)
-            ChartSetPrev(periods, ws.HValue, ColumnMaxima(watch_.OldCusum, watch_.OldRowCount, saved), saved);
-        else
-            ChartSet(periods, ws.HValue);
-        const Progress progress(*options_.Program);
-        auto rows = PeriodTitleRows();
-        for (std::ptrdiff_t t = 1; t <= periods; ++t) {
-            if (t > saved) ChartUpdate(t, run.MaxCusum(t));
-            rows.push_back(PeriodRow(t, run.MaxCusum(t), run.MaxRegion(t)));
-            progress.Show(rows.back());
-        }
-        rows.push_back(CusumDashes());
-        return rows;
-    }
-
-    void AddMaps(const CusumOutputs& run, std::ptrdiff_t periods) {
-        if (options_.Maps.empty()) return;
-        outputs_.AddFolder(options_.Maps);
-        for (std::ptrdiff_t t = 1; t <= periods; ++t) {
-            const std::string path = PeriodPicture(options_.Maps, t, periods);
-            outputs_.Add(path, DrawPicture(path, size_, 1, [&](PlotSurface& surface) {
-                             map_.DrawCusumPoints(surface, run.Cusum, watch_.N, t, ws.HValue);
-                         }));
-        }
-    }
+    std::ptrdiff_t SavedPeriods() const { return PeriodCount() - watch_.NewPeriodCount; }
 
     const PointWatchOptions& options_;
     StartOption start_;
     PointCusum watch_;
     PointMap map_;
     SurfaceSize size_;
-    Outputs outputs_;
 };
 
 } // namespace
@@ -123,7 +109,6 @@ private:
 void AddProspectivePoints(CLI::App& program, const ProgramOptions& programOptions, RunCommand& run) {
     auto* command = program.add_subcommand("prospective-points", "Cusum test on point text files");
     auto options = std::make_shared<PointWatchOptions>();
-    options->Program = &programOptions;
     command->add_option("--ids", options->IDs, "three columns: id, x and y")->required();
     command->add_option("--z", options->ZScores, "z-scores: a line for each id, a column a period")
         ->required();
@@ -134,10 +119,10 @@ void AddProspectivePoints(CLI::App& program, const ProgramOptions& programOption
     options->AddTo(*command);
     command->add_option("--surface", options->Surface, "W,H,SW,SH: sizes of the plot surface")->group("Test");
     command->add_option("--zoom", options->Zoom, "zoom of the map")->capture_default_str()->group("Test");
-    command->callback([options, &run] {
-        run = [options] {
+    command->callback([options, &programOptions, &run] {
+        run = [options, &programOptions] {
             options->CheckAll();
-            return PointWatchRun(*options).Run();
+            return PointWatchRun(*options, programOptions).Run();
         };
     });
 }

@@ -10,9 +10,14 @@ using namespace vastrel;
 
 namespace {
 
-constexpr AddCommand Commands[] = {
-    AddRetrospectivePoints, AddRetrospectivePolygons, AddProspectivePoints, AddExport, AddCentroids,
-    AddPValue,              AddHValue};
+constexpr AddCommand Commands[] = {AddRetrospectivePoints,
+                                   AddRetrospectivePolygons,
+                                   AddProspectivePoints,
+                                   AddProspectivePolygons,
+                                   AddExport,
+                                   AddCentroids,
+                                   AddPValue,
+                                   AddHValue};
 
 /// The words of the command line in the order that the parser takes, last first. The words of p-value stand
 /// behind a "--", since they may begin with a minus sign. "--sigma=" is --sigma with an empty text, which the

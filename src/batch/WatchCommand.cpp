@@ -1,0 +1,51 @@
+#include "batch/WatchCommand.h"
+
+#include "batch/Progress.h"
+#include "platform/TextFile.h"
+#include "prospective/CusumFile.h"
+#include "prospective/CusumRows.h"
+
+namespace vastrel {
+
+ExitStatus WatchCommand::Run() {
+    if (!Load() || !TakeCusumParameters(options_.Parameters)) return ExitStatus::Refused;
+    if (!RunTest()) return ExitStatus::Done;
+    AddOutputs();
+    outputs_.Write();
+    return ExitStatus::Done;
+}
+
+void WatchCommand::AddOutputs() {
+    const CusumOutputs results = Results();
+    const auto labels = SignalLabels();
+    AddWatchTexts(outputs_, options_,
+                  {results, labels, RegionCount(), PeriodCount(), StudyArea(), PlayPeriods()});
+    if (!options_.Cusum.empty())
+        outputs_.Add(options_.Cusum, JoinLines(CusumFileLines(results.Cusum, RegionCount(), PeriodCount())));
+    AddWatchChart(outputs_, options_.Chart);
+    AddMaps();
+}
+
+/// The rows of the period list, with the chart filled beside them.
+std::vector<std::string> WatchCommand::PlayPeriods() {
+    BeginChart();
+    const Progress progress(program_);
+    auto rows = PeriodTitleRows();
+    for (std::ptrdiff_t t = 1; t <= PeriodCount(); ++t) {
+        rows.push_back(PlayPeriod(t));
+        progress.Show(rows.back());
+    }
+    rows.push_back(CusumDashes());
+    return rows;
+}
+
+void WatchCommand::AddMaps() {
+    if (options_.Maps.empty()) return;
+    outputs_.AddFolder(options_.Maps);
+    for (std::ptrdiff_t t = 1; t <= PeriodCount(); ++t) {
+        const std::string path = PeriodPicture(options_.Maps, t, PeriodCount());
+        outputs_.Add(path, PeriodMap(path, t));
+    }
+}
+
+} // namespace vastrel
