@@ -27,7 +27,7 @@ frmClusterDetectionTextfile::frmClusterDetectionTextfile()
     ui_->setupUi(this);
     const SurfaceSize map = RetroPointSurface();
     ui_->picPoint->FixSize(map.Width, map.Height);
-    ui_->picLegend->FixSize(2910, 2250);
+    ui_->picLegend->FixSize(2550, 2250);
     ui_->imgM_Legend->setGeometry(26, 27, 93, 113); // the texts beside the circles of the legend
     ui_->lblStatsLine->setText(KeyLine("#008000", "&#9473;&#9473;"));
     ui_->lblCriticalStatsLine->setText(KeyLine("#d20000", "&#9473; &#9473;"));

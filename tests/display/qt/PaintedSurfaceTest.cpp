@@ -17,9 +17,9 @@ TEST(PaintedSurfaceTest, ReadsRedFromTheLowByte) {
 }
 
 TEST(PaintedSurfaceTest, KeepsARangeOfFiveDigitsBesideTheMap) {
-    // The legend is 2910 layout units wide, 194 pixels with 2 of frame on each side; texts begin at 400.
+    // The legend is 2550 layout units wide, 170 pixels with 2 of frame on each side; texts begin at 400.
     const QFontMetrics metrics(PaintedSurface::LegendFont());
-    EXPECT_LE(400 / LayoutUnit + metrics.horizontalAdvance(" -12345.6789   -   -12345.6789"), 194 - 4);
+    EXPECT_LE(400 / LayoutUnit + metrics.horizontalAdvance(" -12345.6789   -   -12345.6789"), 170 - 4);
 }
 
 TEST(PaintedSurfaceTest, FillsByTheAlternateRule) {

@@ -2,6 +2,7 @@
 
 #include "platform/RunTimeError.h"
 #include "support/TemporaryFolder.h"
+#include "support/screens/ScreenChecks.h"
 
 #include <QApplication>
 #include <QDir>
@@ -50,6 +51,7 @@ TEST(QtPlatformTest, ShowsMessagesWithTheirTitleAndIcon) {
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
             EXPECT_EQ(box.windowTitle().toStdString(), message.Title);
             EXPECT_EQ(box.icon(), icon);
+            KeepShot(box, "message-" + std::to_string(shown));
         });
         desktop.ShowMessage(message);
     }
@@ -59,7 +61,10 @@ TEST(QtPlatformTest, ShowsMessagesWithTheirTitleAndIcon) {
 TEST(QtPlatformTest, ShowsARunTimeErrorAsAReport) {
     QtPlatform desktop;
     QString text;
-    WhenShown<QMessageBox>([&](QMessageBox& box) { text = box.text(); });
+    WhenShown<QMessageBox>([&](QMessageBox& box) {
+        text = box.text();
+        KeepShot(box, "message-run-time-error");
+    });
     desktop.ReportRunTimeError(RunTimeError(DivisionByZero, "test", CustomaryText(DivisionByZero)));
     EXPECT_EQ(text.toStdString(), "Run-time error '11':\n\nDivision by zero");
 }

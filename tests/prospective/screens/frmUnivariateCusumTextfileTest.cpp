@@ -496,4 +496,19 @@ TEST_F(WatchScreen, PlaysTheSampleForAPersonToLookAt) {
     ASSERT_GT(Regions()->ListCount(), 2);
     Regions()->SetListIndex(2);
     Shot(Frame, "watch-region");
+    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "sums.csm");
+    Press(Screen, "cmdSaveCusum");
+
+    Press(Screen, "optPre"); // a saved table carries on without its header and the commas at its ends
+    std::string table = ReadFile(Folder / "sums.csm");
+    table.erase(0, table.find('\n') + 1);
+    for (size_t comma = 0; (comma = table.find(",\n", comma)) != std::string::npos;)
+        table.erase(comma, 1);
+    Load("cmdFileOpenIDXY", Samples + "watch_xy.txt");
+    Load("cmdOldCusum", Folder.Write("table.txt", table));
+    Load("cmdNewZScore", Samples + "watch_z.txt");
+    Run();
+    EXPECT_EQ(Periods()->ListCount(), 2 + 48 + 1);
+    EXPECT_EQ(Caption(), "Period: 24");
+    Shot(Frame, "watch-continued");
 }

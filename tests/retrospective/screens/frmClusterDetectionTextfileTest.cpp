@@ -157,7 +157,7 @@ TEST_F(PointScreen, RunsEachVariableWithOneBandwidth) {
         EXPECT_FALSE(IsShown(Screen, "MSChart1"));
         EXPECT_TRUE(ws.bRetroMapping);
         EXPECT_FALSE(Script.BusyPointer());
-        Local()->SetListIndex(70);
+        Local()->SetListIndex(65); // in the cluster
         Shot(Frame, std::string("point-single-") + option);
     }
     EXPECT_EQ(Script.YieldCalls(), 0);

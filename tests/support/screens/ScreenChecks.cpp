@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -75,6 +76,13 @@ void ExpectTabOrder(QWidget& screen, const std::vector<std::string>& controls) {
             found.push_back(widget->objectName().toStdString());
     }
     EXPECT_EQ(found, controls);
+}
+
+void KeepShot(QWidget& widget, const std::string& name) {
+    const QString folder = qEnvironmentVariable("VASTREL_SHOTS");
+    if (folder.isEmpty()) return;
+    QApplication::processEvents();
+    widget.grab().save(folder + "/" + QString::fromStdString(name) + ".png");
 }
 
 void ExpectAccessibleNames(QWidget& screen) {

@@ -21,6 +21,9 @@ void ExpectEnabled(QWidget& screen, const std::vector<const char*>& controls,
 /// The controls that the Tab key comes to, in its order; of a group of options all are named.
 void ExpectTabOrder(QWidget& screen, const std::vector<std::string>& controls);
 
+/// Keeps a picture of a widget in the folder named by VASTREL_SHOTS, for a person to look at.
+void KeepShot(QWidget& widget, const std::string& name);
+
 /// Every control, map and chart tells its name to who cannot see it.
 void ExpectAccessibleNames(QWidget& screen);
 

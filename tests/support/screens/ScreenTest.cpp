@@ -1,12 +1,12 @@
 #include "support/screens/ScreenTest.h"
 
 #include "platform/qt/OptionButton.h"
+#include "support/screens/ScreenChecks.h"
 #include "workspace/Workspace.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
-#include <QPixmap>
 #include <QStyleFactory>
 #include <QTest>
 
@@ -79,10 +79,7 @@ void ScreenTest::Command(const char* entry) {
 }
 
 void ScreenTest::Shot(QWidget& widget, const std::string& name) {
-    const QString folder = qEnvironmentVariable("VASTREL_SHOTS");
-    if (folder.isEmpty()) return;
-    QApplication::processEvents();
-    widget.grab().save(folder + "/" + QString::fromStdString(name) + ".png");
+    KeepShot(widget, name);
 }
 
 } // namespace vastrel
