@@ -27,7 +27,7 @@ std::string NameBeside(const std::string& path) {
 /// A file that is written beside its place; it goes away again unless it is moved there.
 class StagedFile {
 public:
-    StagedFile(const std::string& path, const std::string& bytes) : path_(path), bytes_(bytes) {}
+    StagedFile(std::string path, std::string bytes) : path_(std::move(path)), bytes_(std::move(bytes)) {}
     ~StagedFile() {
         std::error_code ignored;
         if (!staged_.empty()) fs::remove(staged_, ignored);
