@@ -1,0 +1,235 @@
+#include "export/ExportDataset.h"
+
+#include "platform/Numbers.h"
+#include "platform/RunTimeError.h"
+#include "spatial/AttributeRows.h"
+#include "spatial/Centroids.h"
+#include "support/AttributeData.h"
+#include "support/RaisedError.h"
+#include "support/ScriptedPlatform.h"
+#include "workspace/Workspace.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace vastrel;
+
+namespace {
+
+/// z without the kernel's height, which the scaling of a row to length 1 takes out again: with g the
+/// exponential alone, the sum of g(i, j) * score(j) over the root of the sum of g(i, j)^2, in long doubles.
+std::vector<double> SmoothedAnotherWay(const std::vector<long double>& scores, long double sigma) {
+    const long double mean = static_cast<long double>(ws.TotalShapeArea) / ws.NumRegion;
+    std::vector<double> z;
+    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i) {
+        long double sum = 0, squares = 0;
+        for (std::ptrdiff_t j = 1; j <= ws.NumRegion; ++j) {
+            const long double dx = ws.RegionCentroid(i).X - ws.RegionCentroid(j).X;
+            const long double dy = ws.RegionCentroid(i).Y - ws.RegionCentroid(j).Y;
+            const long double g = std::exp(-(dx * dx + dy * dy) / (2 * sigma * sigma * mean));
+            sum += g * scores[static_cast<size_t>(j - 1)];
+            squares += g * g;
+        }
+        z.push_back(static_cast<double>(sum / std::sqrt(squares)));
+    }
+    return z;
+}
+
+class Export : public testing::Test {
+protected:
+    /// Three Regions with two periods: observed in columns 1 and 2, expected in 3 and 4.
+    Export() {
+        OpenTable(Folder,
+                  {{"KEY", 'C', 4}, {"O1", 'N', 4}, {"O2", 'N', 4}, {"E1", 'N', 8, 2}, {"E2", 'N', 8, 2}},
+                  {{"a", "9", "0", "4", "1"}, {"b", "4", "3", "4", "4"}, {"c", "1", "16", "1", "9"}}, 3);
+        ws.RegionCentroid.ReDim(3);
+        ws.RegionCentroid(1) = {"1", 0, 0};
+        ws.RegionCentroid(2) = {"2", 3, 4};
+        ws.RegionCentroid(3) = {"3", 0, 10};
+        ws.TotalShapeArea = 75;
+        Choose(1, 2, 3, 4);
+    }
+    static void Choose(int obsFrom, int obsTo, int expFrom, int expTo) {
+        ws.ObsFromIndex = obsFrom;
+        ws.ObsToIndex = obsTo;
+        ws.ExpFromIndex = expFrom;
+        ws.ExpToIndex = expTo;
+    }
+
+    TemporaryFolder Folder;
+    ScriptedPlatform Script;
+};
+
+using Lines = std::vector<std::string>;
+
+} // namespace
+
+// With sigma 0 z is the deviation: (9 - 4) / 2, (0 - 1) / 1; 0, (3 - 4) / 2; 0, (16 - 9) / 3.
+TEST_F(Export, GivesTheDeviationsForABandwidthOfZero) {
+    EXPECT_TRUE(ComputeExport(ExportOption::Poisson));
+    EXPECT_EQ(ws.ExportSigma, 1e-9);
+    EXPECT_EQ(ExportLines(), (Lines{"2.5000,-1.0000", "0.0000,-0.5000", "0.0000,2.3333"}));
+    for (int i = 1; i <= 3; ++i)
+        for (int j = 1; j <= 3; ++j)
+            EXPECT_EQ(ws.ExportWeights(i, j), i == j ? 1 : 0);
+    EXPECT_EQ(ws.ExportDeviation(3), 7.0 / 3);
+    EXPECT_EQ(ws.ExportZ(3), 7.0 / 3);
+    EXPECT_EQ(ws.ExportObs(3), 16);
+    EXPECT_EQ(ws.ExportExp(3), 9);
+}
+
+// Freeman-Tukey: 3 + sqrt(10) - sqrt(17) = 2.039172; sqrt(0) + 1 - sqrt(5) = -1.236068. Rossi: 9 / 4; (0 - 3)
+// / 2; (4 - 12 + 8) / 4; (3 - 12 + 2 sqrt(12)) / 4 = -0.517949; 0; (16 - 27 + 24) / 6 = 2.166667.
+TEST_F(Export, ServesTheOtherOptions) {
+    EXPECT_TRUE(ComputeExport(ExportOption::Standard));
+    EXPECT_EQ(ExportLines()[0], "2.0392,-1.2361");
+    EXPECT_TRUE(ComputeExport(ExportOption::Rossi));
+    EXPECT_EQ(ExportLines(), (Lines{"2.2500,-1.5000", "0.0000,-0.5179", "0.0000,2.1667"}));
+}
+
+TEST_F(Export, SmoothsWithRowsOfLengthOne) {
+    ws.ExportSigma = 1;
+    EXPECT_TRUE(ComputeExport(ExportOption::Poisson));
+    const auto first = SmoothedAnotherWay({2.5L, 0, 0}, 1);
+    const auto second = SmoothedAnotherWay({-1, -0.5L, 7 / 3.0L}, 1);
+    for (int i = 1; i <= 3; ++i) {
+        double length = 0;
+        for (int j = 1; j <= 3; ++j)
+            length += ws.ExportWeights(i, j) * ws.ExportWeights(i, j);
+        EXPECT_NEAR(length, 1, 1e-15);
+        EXPECT_NEAR(ws.ExportTable(i, 1), first[static_cast<size_t>(i - 1)], 1e-14);
+        EXPECT_NEAR(ws.ExportTable(i, 2), second[static_cast<size_t>(i - 1)], 1e-14);
+    }
+}
+
+TEST_F(Export, TurnsTheSignsForANegativeBandwidth) {
+    ws.ExportSigma = 2;
+    ComputeExport(ExportOption::Rossi);
+    const auto positive = ws.ExportTable;
+    ws.ExportSigma = -2;
+    EXPECT_TRUE(ComputeExport(ExportOption::Rossi));
+    EXPECT_EQ(ws.ExportSigma, -2);
+    for (int i = 1; i <= 3; ++i)
+        for (int t = 1; t <= 2; ++t)
+            EXPECT_EQ(ws.ExportTable(i, t), -positive(i, t));
+}
+
+TEST_F(Export, WritesOneColumnWithoutACommaForOnePeriod) {
+    Choose(2, 2, 4, 4);
+    EXPECT_TRUE(ComputeExport(ExportOption::Poisson));
+    EXPECT_EQ(ExportLines(), (Lines{"-1.0000", "-0.5000", "2.3333"}));
+}
+
+TEST_F(Export, IsZeroWhereObservedAndExpectedAreTheSameColumns) {
+    ws.ExportSigma = 1.5;
+    Choose(3, 4, 3, 4);
+    EXPECT_TRUE(ComputeExport(ExportOption::Poisson));
+    EXPECT_EQ(ExportLines(), (Lines(3, "0.0000,0.0000")));
+}
+
+TEST_F(Export, DoesNothingWithoutAnOption) {
+    ws.ExportTable.ReDim(9, 9);
+    EXPECT_FALSE(ComputeExport(ExportOption::None));
+    EXPECT_EQ(ws.ExportTable.UpperBound1(), 3);
+    EXPECT_EQ(ws.ExportTable.UpperBound2(), 2);
+    EXPECT_EQ(ws.ExportTable(1, 1), 0);
+    EXPECT_FALSE(ws.ExportWeights.IsAllocated());
+    EXPECT_EQ(ws.ExportSigma, 0);
+}
+
+TEST_F(Export, TakesARangeThatWasTurnedRoundAfterItsCheck) {
+    Choose(2, 1, 3, 4);
+    EXPECT_TRUE(ComputeExport(ExportOption::Poisson));
+    EXPECT_EQ(ExportLines(), (Lines{"", "", ""})); // no period, a line a Region
+    Choose(3, 1, 3, 4);
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), SubscriptOutOfRange);
+}
+
+// ---- Faults
+
+TEST_F(Export, StopsAtAnExpectedCountOfZero) {
+    Choose(1, 2, 4, 2); // expected: E2, then beyond the table
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), ItemNotFound);
+    EXPECT_EQ(ws.ExportTable(1, 1), 8); // (9 - 1) / 1, the period before the fault
+    EXPECT_EQ(ws.ExportTable(1, 2), 0);
+    Choose(1, 1, 2, 2); // expected: O2, which begins with 0
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Rossi); }), DivisionByZero);
+    for (int i = 1; i <= 3; ++i) {
+        EXPECT_EQ(ws.ExportDeviation(i), 0);
+        EXPECT_EQ(ws.ExportZ(i), 0);
+        EXPECT_EQ(ws.ExportTable(i, 1), 0);
+    }
+    EXPECT_TRUE(ComputeExport(ExportOption::Standard));
+    EXPECT_EQ(ExportLines()[0], "5.1623"); // 3 + sqrt(10) - 1
+}
+
+TEST_F(Export, StopsForASigmaWhoseSquareIsNothing) {
+    ws.ExportSigma = 1e-200;
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), DivisionByZero);
+    for (int i = 1; i <= 3; ++i)
+        for (int j = 1; j <= 3; ++j)
+            EXPECT_EQ(ws.ExportWeights(i, j), 0);
+}
+
+TEST_F(Export, StopsWhereTheMapHasNoArea) {
+    ws.TotalShapeArea = 0;
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), DivisionByZero);
+    EXPECT_EQ(ws.ExportTable(1, 1), 0);
+}
+
+TEST_F(Export, StopsAtAValueThatNoCheckHasSeen) {
+    OpenTable(Folder, {{"O1", 'N', 4}, {"O2", 'N', 4}, {"T", 'C', 4}}, {{"1", "2", "3"}, {"4", "*", "x"}}, 2);
+    ws.RegionCentroid.ReDim(2);
+    ws.RegionCentroid(2) = {"2", 3, 4};
+    ws.TotalShapeArea = 1;
+    Choose(0, 2, 0, 2);
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), InvalidUseOfNull);
+    EXPECT_EQ(AttributeTable().Fields("O1").Value().Number(), 4); // on the row of the null
+    Choose(2, 2, 0, 0);
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), TypeMismatch);
+}
+
+TEST_F(Export, RunsOffATableWithFewerRowsThanShapes) {
+    ws.NumRegion = 4;
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), NoCurrentRecord);
+    EXPECT_EQ(ws.ExportObs(3), 1);
+    ws.AttributeRecordset.reset();
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), ObjectNotSet);
+}
+
+TEST_F(Export, ReadsTheFirstRowsOfALongerTable) {
+    ws.NumRegion = 2;
+    EXPECT_TRUE(ComputeExport(ExportOption::Poisson));
+    EXPECT_EQ(ExportLines(), (Lines{"2.5000,-1.0000", "0.0000,-0.5000"}));
+}
+
+// ---- The German districts, worked out another way to the four decimals
+
+TEST_F(Export, AgreesWithAnotherComputationOnTheGermanDistricts) {
+    if (!OpenRealDataset(Folder, "imd_de/imd_de")) GTEST_SKIP() << "no real data";
+    ComputeShapeAreas();
+    ComputeCentroids();
+    const auto names = FieldNames();
+    const auto column = [&](const char* name) {
+        return static_cast<int>(std::find(names.begin(), names.end(), name) - names.begin());
+    };
+    Choose(column("IMD"), column("IMD"), column("EXPECTED"), column("EXPECTED"));
+    std::vector<long double> o, e;
+    WalkRows([&](std::ptrdiff_t) {
+        o.push_back(AttributeTable().Fields("IMD").Value().Number());
+        e.push_back(AttributeTable().Fields("EXPECTED").Value().Number());
+    });
+    for (const double sigma : {0.5, 1.0, 3.0}) {
+        ws.ExportSigma = sigma;
+        ASSERT_TRUE(ComputeExport(ExportOption::Rossi));
+        std::vector<long double> scores; // (o - 3 e + 2 sqrt(o e)) / (2 sqrt(e)), as a sum of fractions
+        for (size_t i = 0; i < o.size(); ++i)
+            scores.push_back(o[i] / (2 * std::sqrt(e[i])) - 1.5L * std::sqrt(e[i]) + std::sqrt(o[i]));
+        const auto z = SmoothedAnotherWay(scores, sigma);
+        const Lines lines = ExportLines();
+        ASSERT_EQ(lines.size(), 413u);
+        for (size_t i = 0; i < lines.size(); ++i)
+            EXPECT_EQ(lines[i], Num(z[i], "0.0000")) << i << " at " << sigma;
+    }
+}
