@@ -15,6 +15,8 @@ struct CusumRules {
     bool RunsFIR;                  // a start from h / 2 is served
     bool KeepsSavedPeriods;        // a continued run holds the saved periods in front of the new ones
     bool SavesContinuedRun;        // the cusums of a continued run can be saved again
+    bool SavingCusumEndsSaving;    // both save buttons are disabled behind it
+    bool CancelledReportWarns;     // a cancel of the report's dialog is told like an empty name
     bool ChartLabelsStopAtColumns; // in a continued run, where the indices of the chosen columns say
     long FastDelay;                // yields between two periods; the other speeds are alike
     int RegionFlashes;             // of a Region that is picked in the list

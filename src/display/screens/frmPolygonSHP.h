@@ -50,6 +50,9 @@ public:
     void ShowCusumLegend(bool shown);
     void HideAnimationControls();
 
+    /// What the Graph tool fills frmGraph with, for SelectedRegion: set by the screen that holds the cusums.
+    std::function<void()> ShowRegionChart;
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;
@@ -60,6 +63,8 @@ private:
     void Toolbar1_ButtonClick(const std::string& key);
     void Form_Activate();
     void Form_Resize();
+    void picSHP_MouseDown(double x, double y);
+    void Graph_Press(double x, double y);
     void picSHP_MouseMove(double x, double y);
     void sliderStatsRange_Scroll();
     void sliderStatsRange_Change();

@@ -1,7 +1,9 @@
 #include "frontend/screens/PolygonScreens.h"
 
+#include "display/screens/frmGraph.h"
 #include "display/screens/frmPolygonSHP.h"
 #include "platform/qt/Screens.h"
+#include "prospective/screens/frmUnivariate.h"
 #include "retrospective/screens/frmClusterDetection.h"
 #include "retrospective/screens/frmSigmaChart.h"
 
@@ -31,8 +33,16 @@ void UnloadSigmaChart() {
     The<frmSigmaChart>().Unload();
 }
 
-void UnloadWatchScreen() {}
-void ShowWatchScreen() {}
-void UnloadGraph() {}
+void UnloadWatchScreen() {
+    The<frmUnivariate>().Unload();
+}
+
+void ShowWatchScreen() {
+    The<frmUnivariate>().Show();
+}
+
+void UnloadGraph() {
+    The<frmGraph>().Unload();
+}
 
 } // namespace vastrel

@@ -2,18 +2,13 @@
 
 #include "display/PointLegend.h"
 #include "platform/Platform.h"
-#include "platform/RunTimeError.h"
-#include "platform/TextFile.h"
 #include "platform/qt/ErrorBoundary.h"
 #include "prospective/CusumChart.h"
 #include "prospective/CusumFile.h"
 #include "prospective/CusumInput.h"
-#include "prospective/CusumReport.h"
 #include "prospective/CusumRows.h"
 #include "ui_frmUnivariateCusumTextfile.h"
 #include "workspace/Workspace.h"
-
-#include <filesystem>
 
 namespace vastrel {
 
@@ -25,21 +20,17 @@ std::string ChooseTextFile() {
     return platform().ChooseFile({FileQuestion::Kind::Open, OpenFilter, ""}).Path;
 }
 
-QString PeriodCaption(std::ptrdiff_t period) {
-    return QString::fromStdString(PointCusumRules().PeriodCaption) + QString::number(period);
-}
-
 } // namespace
 
 frmUnivariateCusumTextfile::frmUnivariateCusumTextfile()
-    : Screen(Kind::Child), ui_(std::make_unique<Ui::frmUnivariateCusumTextfile>()) {
+    : CusumScreen(Kind::Child, PointCusumRules()), ui_(std::make_unique<Ui::frmUnivariateCusumTextfile>()) {
     ui_->setupUi(this);
     const SurfaceSize map = ProspectivePointSurface();
     ui_->picPoint->FixSize(map.Width, map.Height);
     ui_->picLegend->FixSize(1350, 1650);
     for (auto* chart : {ui_->MSChart1, ui_->MSChart2})
         chart->SetSeriesNames(CusumSeriesCaption, ThresholdSeriesCaption);
-    TakeDesign();
+    TakeControls();
     ConnectControls();
 }
 
@@ -52,8 +43,6 @@ void frmUnivariateCusumTextfile::ConnectControls() {
     for (auto* tool : {ui_->optZoomIn, ui_->optZoomOut, ui_->optPan, ui_->optFullExtent,
                        ui_->optMeasureDistance, ui_->optIdentify})
         tool->Click = [this] { ToolOption_Click(); };
-    ui_->lstPeriod->Click = [this] { lstPeriod_Click(); };
-    ui_->lstRegion->Click = [this] { lstRegion_Click(); };
 
     const auto connectButton = [this](QPushButton* button, void (frmUnivariateCusumTextfile::*handler)()) {
         OnEvent(button, &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
@@ -62,8 +51,6 @@ void frmUnivariateCusumTextfile::ConnectControls() {
     connectButton(ui_->cmdNewZScore, &frmUnivariateCusumTextfile::cmdNewZScore_Click);
     connectButton(ui_->cmdOldCusum, &frmUnivariateCusumTextfile::cmdOldCusum_Click);
     connectButton(ui_->cmdRun, &frmUnivariateCusumTextfile::cmdRun_Click);
-    connectButton(ui_->cmdSaveResult, &frmUnivariateCusumTextfile::cmdSaveResult_Click);
-    connectButton(ui_->cmdSaveCusum, &frmUnivariateCusumTextfile::cmdSaveCusum_Click);
 }
 
 void frmUnivariateCusumTextfile::Form_Load() {
@@ -76,22 +63,6 @@ void frmUnivariateCusumTextfile::Form_Load() {
     for (QWidget* part :
          {static_cast<QWidget*>(ui_->MSChart1), static_cast<QWidget*>(ui_->MSChart2), ui_->picEachRegionInfo})
         part->hide();
-}
-
-StartOption frmUnivariateCusumTextfile::Start() const {
-    if (ui_->optZero->Value()) return StartOption::Zero;
-    if (ui_->optFIR->Value()) return StartOption::FIR;
-    return ui_->optPre->Value() ? StartOption::Previous : StartOption::None;
-}
-
-long frmUnivariateCusumTextfile::Delay() const {
-    if (ui_->optFast->Value()) return PointCusumRules().FastDelay;
-    return ui_->optMedium->Value() ? MediumDelay : SlowDelay;
-}
-
-CusumTexts frmUnivariateCusumTextfile::Parameters() const {
-    return {ui_->txtKvalue->text().toStdString(), ui_->txtHvalue->text().toStdString(),
-            ui_->txtSigma->text().toStdString()};
 }
 
 std::ptrdiff_t frmUnivariateCusumTextfile::SavedPeriods() const {
@@ -162,9 +133,7 @@ void frmUnivariateCusumTextfile::cmdOldCusum_Click() {
 }
 
 void frmUnivariateCusumTextfile::cmdRun_Click() {
-    const int run = BeginRun();
-    ui_->lstPeriod->Clear();
-    ui_->lstRegion->Clear();
+    const int run = BeginLists();
     map_.X = watch_.RegionX;
     map_.Y = watch_.RegionY;
     map_.DrawPlainPoints(*ui_->picPoint); // the study area is taken from these positions
@@ -176,19 +145,16 @@ void frmUnivariateCusumTextfile::cmdRun_Click() {
 }
 
 void frmUnivariateCusumTextfile::RunFromStart(int run) {
-    platform().SetBusyPointer(true);
-    ui_->lstPeriod->AddItems(PeriodTitleRows());
+    BeginRows();
     TakeCusumSigma(ui_->txtSigma->text().toStdString());
     RunPointCusum(watch_, Start());
     ChartSet(watch_.NewPeriodCount, ws.HValue);
     ShowMaximumChart();
-    if (!Animate(run, 0)) return;
-    FinishRun();
+    if (Play(run, 0)) FinishRun(Start(), watch_.PeriodCount(Start()));
 }
 
 void frmUnivariateCusumTextfile::RunFromSaved(int run) {
-    platform().SetBusyPointer(true);
-    ui_->lstPeriod->AddItems(PeriodTitleRows());
+    BeginRows();
     TakeCusumSigma(ui_->txtSigma->text().toStdString());
     RunPointCusum(watch_, Start());
     const std::ptrdiff_t saved = watch_.OldPeriodCount;
@@ -198,86 +164,44 @@ void frmUnivariateCusumTextfile::RunFromSaved(int run) {
     for (std::ptrdiff_t p = 1; p <= watch_.OldColumnCount; ++p) // at once, before the first delay
         AddPeriodRowTextfile(p);
     const std::ptrdiff_t played = watch_.NewPeriodCount;
-    if (!Animate(run, watch_.OldColumnCount)) return;
-    FinishRun();
-    ui_->lblY->setText(PeriodCaption(played)); // the caption keeps counting the new periods; it is meant so
+    if (!Play(run, watch_.OldColumnCount)) return;
+    FinishRun(Start(), watch_.PeriodCount(Start()));
+    ShowPeriodCaption(played); // the caption keeps counting the new periods; it is meant so
 }
 
-/// Plays the new periods behind the saved ones. False where the screen was unloaded or its run replaced
-/// inside a yield: the command ends there, and what that event left stands.
-bool frmUnivariateCusumTextfile::Animate(int run, std::ptrdiff_t saved) {
-    const long delay = Delay();
-    const std::ptrdiff_t periods = watch_.NewPeriodCount; // another file may come inside a yield
-    for (std::ptrdiff_t j = 1; j <= periods; ++j) {
-        platform().Yield(delay + 1);
-        if (run != Generation()) {
-            platform().SetBusyPointer(false);
-            return false;
-        }
+/// Plays the new periods behind the saved ones; as many as there are now, another file may come inside a
+/// yield.
+bool frmUnivariateCusumTextfile::Play(int run, std::ptrdiff_t saved) {
+    return Animate(run, Delay(), watch_.NewPeriodCount, [this, saved](std::ptrdiff_t j) {
         const std::ptrdiff_t t = saved + j;
         DrawCusumPoints(t);
-        ChartUpdate(t, watch_.Outputs(Start()).MaxCusum(t));
+        ChartUpdate(t, Results().MaxCusum(t));
         ShowMaximumChart();
         AddPeriodRowTextfile(t);
-        ui_->lblY->setText(PeriodCaption(j));
-    }
-    return true;
-}
-
-void frmUnivariateCusumTextfile::FinishRun() {
-    ui_->lstPeriod->AddItem(CusumDashes());
-    ui_->cmdSaveResult->setEnabled(true);
-    ui_->cmdSaveCusum->setEnabled(true);
-    ui_->lstPeriod->SetListIndex(static_cast<int>(watch_.PeriodCount(Start()) + 1));
-    platform().SetBusyPointer(false);
+        ShowPeriodCaption(j);
+    });
 }
 
 void frmUnivariateCusumTextfile::AddPeriodRowTextfile(std::ptrdiff_t t) {
-    const CusumOutputs results = watch_.Outputs(Start());
-    ui_->lstPeriod->AddItem(PeriodRow(t, results.MaxCusum(t), results.MaxRegion(t)));
-    ui_->lstPeriod->scrollToBottom();
+    const CusumOutputs results = Results();
+    AddPeriodRow(PeriodRow(t, results.MaxCusum(t), results.MaxRegion(t)));
 }
 
 void frmUnivariateCusumTextfile::DrawCusumPoints(std::ptrdiff_t period) {
     currentPeriod_ = period;
-    map_.DrawCusumPoints(*ui_->picPoint, watch_.Outputs(Start()).Cusum, watch_.N, period, ws.HValue);
+    map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, watch_.N, period, ws.HValue);
 }
 
-void frmUnivariateCusumTextfile::ShowMaximumChart() {
-    ui_->MSChart1->SetRows(ws.CusumChartData, ws.CusumChartLabels);
-    ui_->MSChart1->show();
-    ui_->MSChart1->Repaint();
-}
-
-void frmUnivariateCusumTextfile::lstPeriod_Click() {
-    const std::ptrdiff_t period =
-        PeriodOfRow(ui_->lstPeriod->ListIndex(), SavedPeriods() + watch_.NewPeriodCount);
-    if (period == 0) {
-        ui_->lblY->clear();
-        ui_->lstRegion->Clear();
-        return;
-    }
-    selectedPointPeriod_ = period;
-    ui_->lblY->setText(PeriodCaption(period));
-    ListSignaledRegion(period);
+void frmUnivariateCusumTextfile::PeriodSelected() {
     ui_->MSChart2->hide();
     ui_->picEachRegionInfo->hide();
-    DrawCusumPoints(period);
+    DrawCusumPoints(selectedPointPeriod_);
 }
 
-void frmUnivariateCusumTextfile::ListSignaledRegion(std::ptrdiff_t period) {
-    const CusumOutputs results = watch_.Outputs(Start());
-    ui_->lstRegion->Clear();
-    signaledRegions_ = SignaledRegions(results.Cusum, watch_.N, period, ws.HValue);
-    ui_->lstRegion->AddItems(SignaledRows(results.Cusum, results.RegionLabel, period, signaledRegions_));
-}
-
-void frmUnivariateCusumTextfile::lstRegion_Click() {
-    const auto row = static_cast<size_t>(ui_->lstRegion->ListIndex());
-    selectedPointRegion_ = signaledRegions_.at(row) - 1;
-    const std::ptrdiff_t region = selectedPointRegion_ + 1;
-    const CusumOutputs results = watch_.Outputs(Start());
-    ChartRegion(results.Cusum, region, SavedPeriods() + watch_.NewPeriodCount, ws.HValue);
+void frmUnivariateCusumTextfile::RegionPicked(std::ptrdiff_t region) {
+    selectedPointRegion_ = region - 1;
+    const CusumOutputs results = Results();
+    ChartRegion(results.Cusum, region, ListedPeriods(), ws.HValue);
     ui_->MSChart2->SetRows(ws.CusumChartData, ws.CusumChartLabels);
     ui_->MSChart2->show();
     ui_->lblEachRegionInfo->setText(QString::fromStdString(RegionInfo(
@@ -287,30 +211,8 @@ void frmUnivariateCusumTextfile::lstRegion_Click() {
     ui_->picEachRegionInfo->show();
 }
 
-void frmUnivariateCusumTextfile::cmdSaveResult_Click() {
-    const FileChoice choice =
-        platform().ChooseFile({FileQuestion::Kind::Save, "Text File (*.txt)|*.txt", ""});
-    if (choice.Path.empty()) { // a cancel is treated like an empty name here
-        Warn("You didn't specify data file.");
-        platform().SetBusyPointer(false);
-    } else if (Start() != StartOption::None) {
-        WriteTextFile(choice.Path,
-                      CusumReport(watch_.Outputs(Start()), watch_.N, watch_.PeriodCount(Start())));
-    }
-    ui_->cmdSaveResult->setEnabled(false);
-}
-
-void frmUnivariateCusumTextfile::cmdSaveCusum_Click() {
-    const FileChoice choice =
-        platform().ChooseFile({FileQuestion::Kind::Save, "cusum files (*.csm)|*.csm", ".csm"});
-    if (choice.Title.empty() || Start() == StartOption::None) return;
-    // The file goes into the current folder, which the dialog has set. Errors pass unreported.
-    const auto path = std::filesystem::current_path() / choice.Title;
-    try {
-        WriteTextFile(path.string(),
-                      CusumFileLines(watch_.Outputs(Start()).Cusum, watch_.N, watch_.PeriodCount(Start())));
-    } catch (const RunTimeError&) {
-    }
+std::vector<std::string> frmUnivariateCusumTextfile::CusumLines() {
+    return CusumFileLines(Results().Cusum, watch_.N, watch_.PeriodCount(Start()));
 }
 
 } // namespace vastrel

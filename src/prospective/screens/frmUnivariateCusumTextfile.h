@@ -1,13 +1,10 @@
 #pragma once
 
 #include "display/PointMap.h"
-#include "platform/qt/Screen.h"
-#include "prospective/CusumParameters.h"
-#include "prospective/CusumRules.h"
 #include "prospective/PointCusum.h"
+#include "prospective/screens/CusumScreen.h"
 
 #include <memory>
-#include <vector>
 
 namespace Ui {
 class frmUnivariateCusumTextfile;
@@ -17,7 +14,7 @@ namespace vastrel {
 
 /// The screen of the prospective test on points, with its map and its two charts. The dataset, its results
 /// and the period on show are its own, not the store's.
-class frmUnivariateCusumTextfile : public Screen {
+class frmUnivariateCusumTextfile : public CusumScreen {
     Q_OBJECT
 
 public:
@@ -26,6 +23,17 @@ public:
 
 protected:
     void Form_Load() override;
+
+    CusumOutputs Results() override { return watch_.Outputs(Start()); }
+    std::ptrdiff_t RegionCount() const override { return watch_.N; }
+    std::ptrdiff_t ListedPeriods() const override { return SavedPeriods() + watch_.NewPeriodCount; }
+    void SelectPeriod(std::ptrdiff_t period) override { selectedPointPeriod_ = period; }
+    void PeriodSelected() override;
+    std::vector<std::ptrdiff_t>& Signaled() override { return signaledRegions_; }
+    Array1<std::string> SignalLabels() override { return Results().RegionLabel; }
+    void RegionPicked(std::ptrdiff_t region) override;
+    std::ptrdiff_t ResultPeriods() const override { return watch_.PeriodCount(Start()); }
+    std::vector<std::string> CusumLines() override;
 
 private:
     void ConnectControls();
@@ -37,27 +45,17 @@ private:
     void cmdNewZScore_Click();
     void cmdOldCusum_Click();
     void cmdRun_Click();
-    void cmdSaveResult_Click();
-    void cmdSaveCusum_Click();
-    void lstPeriod_Click();
-    void lstRegion_Click();
 
-    StartOption Start() const;
-    long Delay() const;
-    CusumTexts Parameters() const;
     std::ptrdiff_t SavedPeriods() const;
 
     void RunFromStart(int run);
     void RunFromSaved(int run);
-    bool Animate(int run, std::ptrdiff_t saved);
-    void FinishRun();
+    bool Play(int run, std::ptrdiff_t saved);
 
     void EnableNewZScore(bool enabled);
     void EnableOldCusum(bool enabled);
     void AddPeriodRowTextfile(std::ptrdiff_t t);
     void DrawCusumPoints(std::ptrdiff_t period);
-    void ListSignaledRegion(std::ptrdiff_t period);
-    void ShowMaximumChart();
 
     std::unique_ptr<Ui::frmUnivariateCusumTextfile> ui_;
 

@@ -1,0 +1,392 @@
+#include "support/BatchProgram.h"
+#include "support/ShapefileBytes.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <numeric>
+
+using namespace vastrel;
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+using Numbers = std::vector<std::vector<double>>;
+
+/// Three squares of area 1 side by side and apart, with a table. With k = 0.5 and nothing smoothed the sums
+/// of Z1 to Z3 are A 0.5 1 5.5; B 5.5 11 8.5; C 0 1.5 10.
+class ProspectivePolygons : public testing::Test {
+protected:
+    ProspectivePolygons() {
+        ShapefileBytes shapes(5);
+        for (const double x : {0.0, 1.0, 5.0})
+            shapes.Add(PolygonContents({ClockwiseSquare(x, 0, 1)}));
+        shapes.WritePair(folder_, "three");
+        folder_.Write("three.dbf",
+                      TableBytes({{"KEY", 'N', 3},
+                                  {"NAME", 'C', 6},
+                                  {"Z1", 'N', 6, 1},
+                                  {"Z2", 'N', 6, 1},
+                                  {"Z3", 'N', 6, 1},
+                                  {"GAP", 'N', 6, 1},
+                                  {"Z4", 'N', 6, 1}},
+                                 {{"  7", "A", "   1.0", "   1.0", "   5.0", "   0.0", "   1.0"},
+                                  {"  8", "B", "   6.0", "   6.0", "  -2.0", "      ", "   1.0"},
+                                  {"  9", "C", "  -1.0", "   2.0", "   9.0", "   0.0", "   1.0"}}));
+        folder_.Write("z.txt", "1,1,5\n6,6,-2\n-1,2,9\n");
+        folder_.Write("saved.csm", "period1,period2,\n0.25,1,\n0,0,\n3,4,\n");
+    }
+
+    BatchResult Watch(std::vector<std::string> words) const {
+        words.insert(words.begin(), {"prospective-polygons", folder_ / "three.shp"});
+        if (std::find(words.begin(), words.end(), "--id") == words.end())
+            words.insert(words.end(), {"--id", "NAME"});
+        return RunBatch(words);
+    }
+    BatchResult WatchFields(std::vector<std::string> words) const {
+        words.insert(words.begin(), {"--fields", "Z1", "Z3"});
+        return Watch(words);
+    }
+    BatchResult WatchText(std::vector<std::string> words) const {
+        words.insert(words.begin(), {"--z", folder_ / "z.txt"});
+        return Watch(words);
+    }
+    std::string Out(const std::string& name) const { return folder_ / name; }
+    Json TakeJson(const BatchResult& result) const {
+        EXPECT_EQ(result, (BatchResult{0, "", ""}));
+        return Json::parse(ReadFile(Out("out.json")));
+    }
+
+    TemporaryFolder folder_;
+};
+
+const std::string Rule(82, '-');
+const std::string Titles = "  Year   Cusum     Region of max cusum value\n" + Rule + "\n";
+const std::string Lists = Titles +
+                          "    1     5.50                    B\n"
+                          "    2    11.00                    B\n"
+                          "    3    10.00                    C\n" +
+                          Rule +
+                          "\n"
+                          "\n   11.00 <---                 B\n"
+                          "\n   10.00 <---                 C\n";
+
+/// The sums by their definition, nothing smoothed.
+Numbers PlainCusums(const Numbers& z, double k) {
+    Numbers sums;
+    for (const auto& row : z) {
+        double sum = 0;
+        auto& into = sums.emplace_back();
+        for (const double value : row)
+            into.push_back(sum = std::max(0.0, sum + value - k));
+    }
+    return sums;
+}
+
+/// A table read field by field as its format says, apart from the program's reader.
+struct PlainTable {
+    std::vector<std::string> Names;
+    std::vector<std::vector<std::string>> Rows;
+
+    explicit PlainTable(const std::string& bytes) {
+        const auto byte = [&](size_t at) {
+            return static_cast<size_t>(static_cast<unsigned char>(bytes[at]));
+        };
+        const size_t rows = byte(4) + 256 * byte(5), head = byte(8) + 256 * byte(9);
+        const size_t length = byte(10) + 256 * byte(11);
+        std::vector<size_t> widths;
+        for (size_t at = 32; bytes[at] != '\r'; at += 32) {
+            Names.emplace_back(bytes.c_str() + at);
+            widths.push_back(byte(at + 16));
+        }
+        for (size_t row = 0; row < rows; ++row) {
+            size_t at = head + row * length + 1;
+            auto& values = Rows.emplace_back();
+            for (const size_t width : widths) {
+                values.push_back(bytes.substr(at, width));
+                at += width;
+            }
+        }
+    }
+
+    Numbers Columns(const std::string& first, size_t count) const {
+        const auto from = static_cast<size_t>(std::find(Names.begin(), Names.end(), first) - Names.begin());
+        Numbers numbers;
+        for (const auto& row : Rows) {
+            auto& values = numbers.emplace_back();
+            for (size_t k = from; k < from + count; ++k)
+                values.push_back(std::stod(row.at(k)));
+        }
+        return numbers;
+    }
+};
+
+std::string Fixed(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%12.4f", value);
+    return text;
+}
+
+std::string TextOf(const std::vector<std::vector<std::string>>& rows, size_t from, size_t to) {
+    std::string text;
+    for (const auto& row : rows)
+        for (size_t k = from; k < to; ++k)
+            text += row[k] + (k + 1 == to ? "\n" : ",");
+    return text;
+}
+
+/// How many Regions signal in each period.
+std::vector<size_t> Counts(const Json& signals) {
+    std::vector<size_t> counts;
+    for (const auto& period : signals)
+        counts.push_back(period.size());
+    return counts;
+}
+
+void ExpectNear(const Json& actual, const Json& expected) {
+    ASSERT_EQ(actual.size(), expected.size());
+    for (size_t i = 0; i < actual.size(); ++i) {
+        ASSERT_EQ(actual[i].size(), expected[i].size());
+        for (size_t t = 0; t < actual[i].size(); ++t)
+            ASSERT_NEAR(actual[i][t].get<double>(), expected[i][t].get<double>(), 1e-11) << i << ", " << t;
+    }
+}
+
+} // namespace
+
+TEST_F(ProspectivePolygons, PrintsTheListsFromBothSources) {
+    EXPECT_EQ(WatchFields({}), (BatchResult{0, Lists, ""}));
+    EXPECT_EQ(WatchText({}), (BatchResult{0, Lists, ""}));
+    EXPECT_EQ(WatchFields({"--k", "0.5", "--h", "9.3", "--sigma", "0"}), (BatchResult{0, Lists, ""}));
+}
+
+TEST_F(ProspectivePolygons, WritesItsFiles) {
+    EXPECT_EQ(WatchFields({"--lists", Out("l"), "--report", Out("r"), "--cusum", Out("c.csm")}),
+              (BatchResult{0, "", ""}));
+    EXPECT_EQ(ReadFile(Out("l")), Lists);
+    EXPECT_EQ(ReadFile(Out("c.csm")), "period1,period2,period3,\n0.5,1,5.5,\n5.5,11,8.5,\n0,1.5,10,\n");
+    EXPECT_NE(ReadFile(Out("r")).find(std::string(35, ' ') + "C,  0.0000,  1.5000, 10.0000, \n"),
+              std::string::npos);
+}
+
+TEST_F(ProspectivePolygons, WritesEveryNumber) {
+    const Json json = TakeJson(WatchFields({"--json", Out("out.json"), "--h", "9"}));
+    EXPECT_EQ(json["NumRegion"], 3);
+    EXPECT_EQ(json["TotalShapeArea"], 3);
+    EXPECT_EQ(json["KValue"], 0.5);
+    EXPECT_EQ(json["HValue"], 9);
+    EXPECT_EQ(json["CurrentSigma"], 1e-9);
+    EXPECT_EQ(json["Cusum"], Json::parse("[[0.5,1,5.5],[5.5,11,8.5],[0,1.5,10]]"));
+    EXPECT_EQ(json["MaxCusum"], Json::parse("[5.5,11,10]"));
+    EXPECT_EQ(json["MaxRegion"], Json::parse(R"(["B","B","C"])"));
+    EXPECT_EQ(json["RegionLabel"], Json::parse(R"(["A","B","C"])"));
+    EXPECT_EQ(json["Signals"], Json::parse("[[],[2],[3]]"));
+    EXPECT_EQ(json["CusumChartData"], Json::parse("[[5.5,9],[11,9],[10,9]]"));
+    EXPECT_EQ(json["ChartLabels"], Json::parse(R"(["1","2","3"])"));
+    EXPECT_EQ(json.size(), 12u);
+}
+
+TEST_F(ProspectivePolygons, SmoothsWithTheAreasAndCentresOfTheShapes) {
+    // The mean area is 1, so that the kernel is exp(-d d / 2) of the distances 1, 4 and 5; each row is
+    // divided by its length.
+    const double at[] = {0.5, 1.5, 5.5}, z[] = {1, 6, -1};
+    const Json json = TakeJson(WatchText({"--json", Out("out.json"), "--sigma", "1"}));
+    for (size_t i = 0; i < 3; ++i) {
+        double sum = 0, squares = 0;
+        for (size_t j = 0; j < 3; ++j) {
+            const double w = std::exp(-(at[i] - at[j]) * (at[i] - at[j]) / 2);
+            sum += w * z[j];
+            squares += w * w;
+        }
+        EXPECT_NEAR(json["Cusum"][i][0].get<double>(), std::max(0.0, sum / std::sqrt(squares) - 0.5), 1e-12);
+    }
+}
+
+TEST_F(ProspectivePolygons, LabelsWithBothIdsWhereTheRecordsAreRead) {
+    const Json fields = TakeJson(
+        WatchFields({"--json", Out("out.json"), "--lists", Out("l"), "--id", "KEY", "--id2", "NAME"}));
+    EXPECT_EQ(fields["RegionLabel"], Json::parse(R"(["7 (A) ","8 (B) ","9 (C) "])"));
+    EXPECT_EQ(fields["MaxRegion"], Json::parse(R"(["8 (B) ","8 (B) ","9 (C) "])"));
+    EXPECT_NE(ReadFile(Out("l")).find("\n   11.00 <---            8 (B) \n"), std::string::npos);
+
+    const Json text =
+        TakeJson(WatchText({"--json", Out("out.json"), "--lists", Out("l"), "--id", "KEY", "--id2", "NAME"}));
+    EXPECT_EQ(text["RegionLabel"], Json::parse(R"(["7","8","9"])"));
+    EXPECT_EQ(text["MaxRegion"], Json::parse(R"(["8","8","9"])"));
+    EXPECT_NE(ReadFile(Out("l")).find("\n   11.00 <---            8 (B) \n"), std::string::npos);
+}
+
+TEST_F(ProspectivePolygons, ContinuesWithTheNewPeriodsAlone) {
+    // A from 1: 1.5 2 6.5; B from 0: 5.5 11 8.5; C from 4: 2.5 4 12.5.
+    const Json json = TakeJson(
+        WatchFields({"--previous", Out("saved.csm"), "--json", Out("out.json"), "--lists", Out("l")}));
+    EXPECT_EQ(json["Cusum"], Json::parse("[[1.5,2,6.5],[5.5,11,8.5],[2.5,4,12.5]]"));
+    EXPECT_EQ(json["CusumChartData"], Json::parse("[[5.5,9.3],[11,9.3],[12.5,9.3]]"));
+    EXPECT_EQ(ReadFile(Out("l")).substr(Titles.size(), 6), "    1 ");
+}
+
+TEST_F(ProspectivePolygons, ShowsTheSavedPeriodsInFrontWhereAsked) {
+    const std::vector<std::string> both{"--previous", Out("saved.csm"), "--show",  "both",
+                                        "--json",     Out("out.json"),  "--lists", Out("l")};
+    const Json fields = TakeJson(WatchFields(both));
+    EXPECT_EQ(fields["Cusum"][2], Json::parse("[2.5,4,12.5]"));
+    EXPECT_EQ(fields["CusumChartData"], Json::parse("[[3,9.3],[4,9.3],[5.5,9.3],[11,9.3],[12.5,9.3]]"));
+    EXPECT_EQ(fields["ChartLabels"], Json::parse(R"(["1","2","3","4","5"])"));
+    EXPECT_EQ(ReadFile(Out("l")), Titles +
+                                      "    3     5.50                    B\n"
+                                      "    4    11.00                    B\n"
+                                      "    5    12.50                    C\n" +
+                                      Rule + "\n" + "\n   11.00 <---                 B\n" +
+                                      "\n   12.50 <---                 C\n");
+    // No column was ever chosen: the labels stop behind the saved periods and one more.
+    const Json text = TakeJson(WatchText(both));
+    EXPECT_EQ(text["ChartLabels"], Json::parse(R"(["1","2","3","",""])"));
+    EXPECT_EQ(text["CusumChartData"], fields["CusumChartData"]);
+}
+
+TEST_F(ProspectivePolygons, RefusesColumnsWithTheMessagesOfTheScreen) {
+    const std::string noNumber = "Data should be numerical values!\n";
+    EXPECT_EQ(Watch({"--fields", "NAME", "Z1"}), (BatchResult{3, "", noNumber}));
+    EXPECT_EQ(Watch({"--fields", "KEY", "NAME"}), (BatchResult{3, "", noNumber}));
+    EXPECT_EQ(Watch({"--fields", "Z1", "GAP"}), (BatchResult{3, "", noNumber})); // a null is no number
+    EXPECT_EQ(Watch({"--fields", "Z2", "Z1"}),
+              (BatchResult{3, "", "Start and end priods were not set improperly!\n"}));
+    EXPECT_EQ(WatchFields({"--k", "x"}), (BatchResult{3, "", "Parameters are not properly input.\n"}));
+    EXPECT_EQ(WatchText({"--h", "-1"}), (BatchResult{3, "", "Parameters should be positive values.\n"}));
+    EXPECT_EQ(Watch({"--fields", "Z1", "Z1"}).Status, 0);
+}
+
+TEST_F(ProspectivePolygons, StopsAtAColumnBetweenTheTwo) {
+    for (const auto& [first, last, error] :
+         {std::tuple{"Z3", "Z4", "'94'"}, std::tuple{"KEY", "Z1", "'13'"}}) {
+        const auto result = Watch({"--fields", first, last, "--lists", Out("l")});
+        EXPECT_EQ(result.Status, 4);
+        EXPECT_EQ(result.Errors.substr(0, 20), std::string("Run-time error ") + error + ":") << result;
+        EXPECT_FALSE(fs::exists(Out("l")));
+    }
+}
+
+TEST_F(ProspectivePolygons, StopsAtTextFilesThatDoNotFit) {
+    const auto error = [&](const std::string& bytes) {
+        folder_.Write("z.txt", bytes);
+        return WatchText({}).Errors.substr(0, 19);
+    };
+    EXPECT_EQ(error("1\n2\n3\n4\n"), "Run-time error '9':");
+    EXPECT_EQ(error("1\nx\n3\n"), "Run-time error '13'");
+    EXPECT_EQ(error("1,2\n1,\n"), "Run-time error '13'");
+    folder_.Write("z.txt", "1,1\n6,6\n");
+    EXPECT_EQ(TakeJson(WatchText({"--json", Out("out.json")}))["Cusum"][2], Json::parse("[0,0]"));
+}
+
+TEST_F(ProspectivePolygons, DoesNothingWithoutATextFile) {
+    EXPECT_EQ(Watch({"--z", "", "--lists", Out("l")}), (BatchResult{0, "", ""}));
+    EXPECT_FALSE(fs::exists(Out("l")));
+    EXPECT_EQ(Watch({"--z", "", "--previous", Out("saved.csm")}).Status, 4);
+}
+
+TEST_F(ProspectivePolygons, TellsWrongUse) {
+    const auto wrong = [&](std::vector<std::string> words) {
+        EXPECT_EQ(Watch(words).Status, 2) << words.back();
+    };
+    wrong({});
+    wrong({"--fields", "Z1", "Z2", "--z", Out("z.txt")});
+    wrong({"--fields", "Z1"});
+    wrong({"--fields", "Z1", "NONE"});
+    wrong({"--z", Out("z.txt"), "--id", "NONE"});
+    wrong({"--z", Out("z.txt"), "--show", "both"});
+    wrong({"--z", Out("z.txt"), "--previous", Out("saved.csm"), "--show", "all"});
+    wrong({"--z", Out("z.txt"), "--previous", Out("saved.csm"), "--cusum", Out("c.csm")});
+    EXPECT_EQ(RunBatch({"prospective-polygons", Out("three.shp"), "--z", Out("z.txt")}).Status, 2);
+    EXPECT_EQ(Watch({"--z", Out("z.txt"), "--previous", Out("none.csm")}).Status, 4);
+    EXPECT_EQ(RunBatch({"prospective-polygons", Out("none.shp"), "--z", Out("z.txt"), "--id", "NAME"}).Status,
+              4);
+}
+
+TEST_F(ProspectivePolygons, DrawsOnePictureAPeriod) {
+#if VASTREL_PICTURES
+    EXPECT_EQ(WatchFields({"--maps", Out("maps"), "--chart", Out("chart.png")}), (BatchResult{0, "", ""}));
+    for (const char* name : {"maps/period1.png", "maps/period3.png", "chart.png"})
+        EXPECT_EQ(ReadFile(Out(name)).substr(1, 3), "PNG") << name;
+    EXPECT_NE(ReadFile(Out("maps/period1.png")), ReadFile(Out("maps/period2.png")));
+    EXPECT_FALSE(fs::exists(Out("maps/period4.png")));
+#else
+    EXPECT_EQ(WatchFields({"--maps", Out("maps")}).Status, 2);
+#endif
+}
+
+TEST_F(ProspectivePolygons, FindsThePlantedClusterOfTheSample) {
+    const std::string samples = PROJECT_FOLDER "/samples/";
+    const auto result = RunBatch({"prospective-polygons", samples + "country.shp", "--z",
+                                  samples + "watch_z.txt", "--id", "NAME", "--json", Out("out.json")});
+    const auto counts = Counts(TakeJson(result)["Signals"]);
+    std::vector<size_t> expected(17, 0); // the counts of samples/README.md
+    expected.insert(expected.end(), {2, 6, 13, 16, 17, 19, 19});
+    EXPECT_EQ(counts, expected);
+}
+
+TEST_F(ProspectivePolygons, WatchesMeaslesFromColumnsAndFromATextFileAlike) {
+    const std::string shp = CopyOfRealShapefile(folder_, "measles/msl_we");
+    if (shp.empty()) GTEST_SKIP() << "The real data are not here.";
+    const std::string dbf = shp.substr(0, shp.size() - 3) + "dbf";
+    // z-scores of the first 40 weeks against each region's mean, to four decimals, in a table of their own.
+    const PlainTable weeks(ReadFile(dbf));
+    std::vector<TableColumn> columns{{"NAME", 'C', 24}};
+    std::vector<std::vector<std::string>> rows;
+    Numbers z;
+    for (size_t t = 1; t <= 40; ++t)
+        columns.push_back({"Z" + std::to_string(t), 'N', 12, 4});
+    for (const auto& counts : weeks.Columns("W001", 40)) {
+        auto& row = rows.emplace_back(1, weeks.Rows[rows.size()][1]);
+        auto& scores = z.emplace_back();
+        const double mean = std::accumulate(counts.begin(), counts.end(), 0.0) / 40 + 0.1;
+        for (const double count : counts) {
+            row.push_back(Fixed((count - mean) / std::sqrt(mean)));
+            scores.push_back(std::stod(row.back()));
+        }
+    }
+    folder_.Write(fs::path(dbf).filename().string(), TableBytes(columns, rows));
+    folder_.Write("whole.txt", TextOf(rows, 1, 41));
+    folder_.Write("half.txt", TextOf(rows, 21, 41));
+    const auto watch = [&](std::vector<std::string> words) {
+        words.insert(words.begin(), {"prospective-polygons", shp, "--id", "NAME", "--json", Out("out.json")});
+        return TakeJson(RunBatch(words));
+    };
+
+    for (const char* sigma : {"0", "1"}) {
+        const Json fields = watch({"--fields", "Z1", "Z40", "--sigma", sigma});
+        const Json text = watch({"--z", Out("whole.txt"), "--sigma", sigma});
+        EXPECT_EQ(fields["NumRegion"], 17);
+        EXPECT_EQ(fields, text);
+        watch({"--fields", "Z1", "Z20", "--sigma", sigma, "--cusum", Out("half.csm")});
+        Json second = Json::array();
+        for (const auto& region : fields["Cusum"])
+            second.push_back(Json(std::vector<double>(region.begin() + 20, region.end())));
+        for (const auto& source : {std::vector<std::string>{"--fields", "Z21", "Z40"},
+                                   std::vector<std::string>{"--z", Out("half.txt")}})
+            for (const char* show : {"current", "both"}) {
+                auto words = source;
+                words.insert(words.end(), {"--previous", Out("half.csm"), "--show", show, "--sigma", sigma});
+                const Json continued = watch(words);
+                ExpectNear(continued["Cusum"], second);
+                EXPECT_EQ(continued["CusumChartData"].size(), show == std::string("both") ? 40u : 20u);
+            }
+    }
+    ExpectNear(watch({"--z", Out("whole.txt")})["Cusum"], Json(PlainCusums(z, 0.5)));
+}
+
+TEST_F(ProspectivePolygons, WatchesAsManyRegionsAsGermanyHas) {
+    const std::string shp = CopyOfRealShapefile(folder_, "imd_de/imd_de");
+    if (shp.empty()) GTEST_SKIP() << "The real data are not here.";
+    const PlainTable table(ReadFile(shp.substr(0, shp.size() - 3) + "dbf"));
+    const auto result = RunBatch({"prospective-polygons", shp, "--id", "KEY", "--id2", "NAME", "--fields",
+                                  "IMD02", "IMD08", "--k", "1", "--h", "3", "--json", Out("out.json")});
+    const Json json = TakeJson(result);
+    EXPECT_EQ(json["NumRegion"], 413);
+    // Counts in the place of scores: the sums are whole numbers.
+    EXPECT_EQ(json["Cusum"], Json(PlainCusums(table.Columns("IMD02", 7), 1)));
+}
