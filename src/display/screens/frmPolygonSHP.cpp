@@ -3,7 +3,7 @@
 #include "display/BandwidthAnimation.h"
 #include "display/CusumClasses.h"
 #include "display/PolygonPainter.h"
-#include "display/PolygonView.h"
+#include "display/screens/PolygonTools.h"
 #include "platform/Platform.h"
 #include "platform/qt/ErrorBoundary.h"
 #include "platform/qt/ListBox.h"
@@ -63,7 +63,10 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
         labels[i]->setStyleSheet(LabelColours(CusumSymbol(i).Outline));
     BuildToolbar();
     TakeDesign();
-    ui_->picSHP->MouseMove = [this](int, double x, double y) { picSHP_MouseMove(x, y); };
+    ui_->picSHP->MouseDown = [this](int, double x, double y) { PressOnPolygons(*this, x, y); };
+    ui_->picSHP->MouseMove = [this](int, double x, double y) { MoveOnPolygons(*this, x, y); };
+    ui_->picSHP->MouseUp = [this](int, double x, double y) { ReleaseOnPolygons(*this, x, y); };
+    ui_->picSHP->DblClick = DoubleClickOnPolygons;
     ui_->sliderStatsRange->setTracking(false); // the map follows when the slider is let go
     OnEvent(ui_->sliderStatsRange, &QSlider::valueChanged, this, [this] { sliderStatsRange_Change(); });
     OnEvent(ui_->sliderStatsRange, &QSlider::sliderMoved, this, [this] { sliderStatsRange_Scroll(); });
@@ -171,8 +174,7 @@ void frmPolygonSHP::DrawHighlight(std::ptrdiff_t region) {
 
 void frmPolygonSHP::ClearMap() {
     Draw([](const PolygonMap& map) {
-        map.Form.Erase();
-        map.Form.Refresh();
+        ClearPrint(map);
         vastrel::DrawPlainMap(map.picSHP);
     });
 }
@@ -220,11 +222,6 @@ void frmPolygonSHP::Toolbar1_ButtonClick(const std::string& key) {
         Animate();
     else
         PressTool(key, true); // the tools act on the mouse
-}
-
-void frmPolygonSHP::picSHP_MouseMove(double x, double y) {
-    if (ws.PolygonView.MapScaleX == 0 || ws.PolygonView.MapScaleY == 0) return; // before any drawing
-    screens().ShowStatus(StatusText(x, y));
 }
 
 void frmPolygonSHP::Animate() {

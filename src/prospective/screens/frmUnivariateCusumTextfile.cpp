@@ -13,6 +13,7 @@
 #include "ui_frmUnivariateCusumTextfile.h"
 #include "workspace/Workspace.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace vastrel {
@@ -41,6 +42,7 @@ frmUnivariateCusumTextfile::frmUnivariateCusumTextfile()
         chart->SetSeriesNames(CusumSeriesCaption, ThresholdSeriesCaption);
     TakeDesign();
     ConnectControls();
+    tools_.TakeControls(*this, watch_);
 }
 
 frmUnivariateCusumTextfile::~frmUnivariateCusumTextfile() = default;
@@ -49,9 +51,6 @@ void frmUnivariateCusumTextfile::ConnectControls() {
     for (auto* option : {ui_->optZero, ui_->optPre})
         option->Click = [this] { StartOption_Click(); };
     ui_->optFIR->Click = [this] { optFIR_Click(); };
-    for (auto* tool : {ui_->optZoomIn, ui_->optZoomOut, ui_->optPan, ui_->optFullExtent,
-                       ui_->optMeasureDistance, ui_->optIdentify})
-        tool->Click = [this] { ToolOption_Click(); };
     ui_->lstPeriod->Click = [this] { lstPeriod_Click(); };
     ui_->lstRegion->Click = [this] { lstRegion_Click(); };
 
@@ -72,6 +71,7 @@ void frmUnivariateCusumTextfile::Form_Load() {
     signaledRegions_.clear();
     selectedPointPeriod_ = selectedPointRegion_ = currentPeriod_ = 0;
     ui_->picPoint->Erase();
+    tools_.Reset();
     PrintCusumLegend(*ui_->picLegend);
     for (QWidget* part :
          {static_cast<QWidget*>(ui_->MSChart1), static_cast<QWidget*>(ui_->MSChart2), ui_->picEachRegionInfo})
@@ -129,12 +129,6 @@ void frmUnivariateCusumTextfile::StartOption_Click() {
 
 void frmUnivariateCusumTextfile::optFIR_Click() {
     ui_->cmdOldCusum->setEnabled(false);
-}
-
-void frmUnivariateCusumTextfile::ToolOption_Click() {
-    const bool identify = ui_->optIdentify->Value();
-    ui_->lblDisplay->setVisible(identify || ui_->optMeasureDistance->Value());
-    if (identify) ui_->lblDisplay->clear();
 }
 
 void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
@@ -276,15 +270,27 @@ void frmUnivariateCusumTextfile::lstRegion_Click() {
     const auto row = static_cast<size_t>(ui_->lstRegion->ListIndex());
     selectedPointRegion_ = signaledRegions_.at(row) - 1;
     const std::ptrdiff_t region = selectedPointRegion_ + 1;
+    ShowRegion(region, selectedPointPeriod_);
+    DrawCusumPoints(selectedPointPeriod_);
+    map_.MarkPoint(*ui_->picPoint, region);
+}
+
+/// The chart of a Region over all periods, and its cusum in one of them.
+void frmUnivariateCusumTextfile::ShowRegion(std::ptrdiff_t region, std::ptrdiff_t period) {
     const CusumOutputs results = watch_.Outputs(Start());
     ChartRegion(results.Cusum, region, SavedPeriods() + watch_.NewPeriodCount, ws.HValue);
     ui_->MSChart2->SetRows(ws.CusumChartData, ws.CusumChartLabels);
     ui_->MSChart2->show();
-    ui_->lblEachRegionInfo->setText(QString::fromStdString(RegionInfo(
-        results.RegionLabel(region), selectedPointPeriod_, results.Cusum(region, selectedPointPeriod_))));
-    DrawCusumPoints(selectedPointPeriod_);
-    map_.MarkPoint(*ui_->picPoint, region);
+    ui_->lblEachRegionInfo->setText(QString::fromStdString(
+        RegionInfo(results.RegionLabel(region), period, results.Cusum(region, period))));
     ui_->picEachRegionInfo->show();
+}
+
+/// A Region that signals is selected in the list, whose click marks it; the chart of another one is shown.
+void frmUnivariateCusumTextfile::IdentifyRegion(std::ptrdiff_t region) {
+    const auto row = std::find(signaledRegions_.begin(), signaledRegions_.end(), region);
+    if (row == signaledRegions_.end()) return ShowRegion(region, currentPeriod_);
+    ui_->lstRegion->SetListIndex(static_cast<int>(row - signaledRegions_.begin()));
 }
 
 void frmUnivariateCusumTextfile::cmdSaveResult_Click() {

@@ -5,6 +5,7 @@
 #include "prospective/CusumParameters.h"
 #include "prospective/CusumRules.h"
 #include "prospective/PointCusum.h"
+#include "prospective/screens/WatchTools.h"
 
 #include <memory>
 #include <vector>
@@ -32,7 +33,6 @@ private:
 
     void StartOption_Click();
     void optFIR_Click();
-    void ToolOption_Click();
     void cmdFileOpenIDXY_Click();
     void cmdNewZScore_Click();
     void cmdOldCusum_Click();
@@ -58,11 +58,16 @@ private:
     void DrawCusumPoints(std::ptrdiff_t period);
     void ListSignaledRegion(std::ptrdiff_t period);
     void ShowMaximumChart();
+    void ShowRegion(std::ptrdiff_t region, std::ptrdiff_t period);
+    void IdentifyRegion(std::ptrdiff_t region);
 
     std::unique_ptr<Ui::frmUnivariateCusumTextfile> ui_;
 
     PointCusum watch_;
     PointMap map_{ProspectivePointZoom};
+    WatchTools tools_{map_,
+                      {[this] { DrawCusumPoints(currentPeriod_); },
+                       [this](std::ptrdiff_t region) { IdentifyRegion(region); }}};
     std::vector<std::ptrdiff_t> signaledRegions_;
     std::ptrdiff_t selectedPointPeriod_ = 0;
     std::ptrdiff_t selectedPointRegion_ = 0; // from 0
