@@ -11,11 +11,6 @@ namespace vastrel {
 
 namespace {
 
-void ClearForm(const PolygonMap& map) {
-    map.Form.Erase();
-    map.Form.Refresh();
-}
-
 void ShowDisplayValues(const PolygonMap& map) {
     ShowRetroMap(map, ws.DisplayClassValues, ws.DisplayDrawValues);
 }
@@ -37,6 +32,11 @@ void ShowRetroMap(const PolygonMap& map, Array1<double>& classValues, const Arra
     BuildLegend(classValues, map.Variable);
     PrintPolygonLegend(map.Form, map.Variable);
     DrawStatisticMap(map.picSHP, drawValues);
+}
+
+void ClearPrint(const PolygonMap& map) {
+    map.Form.Erase();
+    map.Form.Refresh();
 }
 
 void RedrawByMode(const PolygonMap& map) {
@@ -67,20 +67,20 @@ void RedrawActivated(const PolygonMap& map) {
 }
 
 void ShowWholeExtent(const PolygonMap& map) {
-    ClearForm(map);
+    ClearPrint(map);
     ws.MapZoom = PolygonMapZoom.FullExtent;
     DropSettledPan(ws.PolygonView);
     RedrawByMode(map);
 }
 
 void ZoomIn(const PolygonMap& map) {
-    ClearForm(map);
+    ClearPrint(map);
     AddZoomSteps(1 + FurtherSteps(), PolygonMapZoom.Step);
     RedrawByMode(map);
 }
 
 void ZoomOut(const PolygonMap& map) {
-    ClearForm(map);
+    ClearPrint(map);
     AddZoomSteps(1, -PolygonMapZoom.Step);
     DrawPlainMapNoPan(map.picSHP);
     AddZoomSteps(FurtherSteps(), -PolygonMapZoom.Step);

@@ -18,6 +18,9 @@ struct PolygonMap {
 /// show its message for an M variable. Run-time error 9 for arrays that are too short.
 void ShowRetroMap(const PolygonMap& map, Array1<double>& classValues, const Array1<double>& drawValues);
 
+/// Clears what is printed on the form.
+void ClearPrint(const PolygonMap& map);
+
 /// Draws what the mapping flags say: the statistic of DisplayClassValues and DisplayDrawValues, else the
 /// cusums of SelectedPeriod, else the outlines.
 void RedrawByMode(const PolygonMap& map);

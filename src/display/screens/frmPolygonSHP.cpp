@@ -4,8 +4,7 @@
 #include "display/CusumClasses.h"
 #include "display/HitTest.h"
 #include "display/PolygonPainter.h"
-#include "display/PolygonView.h"
-#include "display/screens/frmGraph.h"
+#include "display/screens/PolygonTools.h"
 #include "platform/Platform.h"
 #include "platform/qt/ErrorBoundary.h"
 #include "platform/qt/ListBox.h"
@@ -65,8 +64,10 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
         labels[i]->setStyleSheet(LabelColours(CusumSymbol(i).Outline));
     BuildToolbar();
     TakeDesign();
-    ui_->picSHP->MouseDown = [this](int, double x, double y) { picSHP_MouseDown(x, y); };
-    ui_->picSHP->MouseMove = [this](int, double x, double y) { picSHP_MouseMove(x, y); };
+    ui_->picSHP->MouseDown = [this](int, double x, double y) { PressOnPolygons(*this, x, y); };
+    ui_->picSHP->MouseMove = [this](int, double x, double y) { MoveOnPolygons(*this, x, y); };
+    ui_->picSHP->MouseUp = [this](int, double x, double y) { ReleaseOnPolygons(*this, x, y); };
+    ui_->picSHP->DblClick = DoubleClickOnPolygons;
     ui_->sliderStatsRange->setTracking(false); // the map follows when the slider is let go
     OnEvent(ui_->sliderStatsRange, &QSlider::valueChanged, this, [this] { sliderStatsRange_Change(); });
     OnEvent(ui_->sliderStatsRange, &QSlider::sliderMoved, this, [this] { sliderStatsRange_Scroll(); });
@@ -174,8 +175,7 @@ void frmPolygonSHP::DrawHighlight(std::ptrdiff_t region) {
 
 void frmPolygonSHP::ClearMap() {
     Draw([](const PolygonMap& map) {
-        map.Form.Erase();
-        map.Form.Refresh();
+        ClearPrint(map);
         vastrel::DrawPlainMap(map.picSHP);
     });
 }
@@ -223,32 +223,6 @@ void frmPolygonSHP::Toolbar1_ButtonClick(const std::string& key) {
         Animate();
     else
         PressTool(key, true); // the tools act on the mouse
-}
-
-void frmPolygonSHP::picSHP_MouseDown(double x, double y) {
-    if (IsToolPressed("Graph")) Graph_Press(x, y);
-}
-
-/// Shows the cusums of the Region under the mouse, and flashes it; the map stays plain afterwards.
-void frmPolygonSHP::Graph_Press(double x, double y) {
-    constexpr int flashes = 3;
-    constexpr long flashYields = 50001;
-    const int run = Generation();
-    DrawPlainMap();
-    HitTestRegion(x, y);
-    The<frmGraph>().Show();
-    if (ShowRegionChart) ShowRegionChart();
-    for (int flash = 1; flash <= flashes; ++flash) {
-        DrawHighlight(ws.SelectedRegion);
-        platform().Yield(flashYields);
-        if (run != Generation()) return;
-        DrawPlainMap();
-    }
-}
-
-void frmPolygonSHP::picSHP_MouseMove(double x, double y) {
-    if (ws.PolygonView.MapScaleX == 0 || ws.PolygonView.MapScaleY == 0) return; // before any drawing
-    screens().ShowStatus(StatusText(x, y));
 }
 
 void frmPolygonSHP::Animate() {

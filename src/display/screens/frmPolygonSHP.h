@@ -27,6 +27,9 @@ public:
     frmPolygonSHP();
     ~frmPolygonSHP() override;
 
+    /// What the tools and the pictures work on.
+    PolygonMap Map();
+
     void DrawPlainMap();
     void DrawPlainMapNoPan();
     void ShowRetroMap(Array1<double>& classValues, const Array1<double>& drawValues);
@@ -63,14 +66,10 @@ private:
     void Toolbar1_ButtonClick(const std::string& key);
     void Form_Activate();
     void Form_Resize();
-    void picSHP_MouseDown(double x, double y);
-    void Graph_Press(double x, double y);
-    void picSHP_MouseMove(double x, double y);
     void sliderStatsRange_Scroll();
     void sliderStatsRange_Change();
     void Animate();
 
-    PolygonMap Map();
     void Draw(const std::function<void(const PolygonMap&)>& drawing);
 
     std::unique_ptr<Ui::frmPolygonSHP> ui_;

@@ -10,6 +10,8 @@
 #include "ui_frmUnivariateCusumTextfile.h"
 #include "workspace/Workspace.h"
 
+#include <algorithm>
+
 namespace vastrel {
 
 namespace {
@@ -32,6 +34,7 @@ frmUnivariateCusumTextfile::frmUnivariateCusumTextfile()
         chart->SetSeriesNames(CusumSeriesCaption, ThresholdSeriesCaption);
     TakeControls();
     ConnectControls();
+    tools_.TakeControls(*this, watch_);
 }
 
 frmUnivariateCusumTextfile::~frmUnivariateCusumTextfile() = default;
@@ -40,9 +43,6 @@ void frmUnivariateCusumTextfile::ConnectControls() {
     for (auto* option : {ui_->optZero, ui_->optPre})
         option->Click = [this] { StartOption_Click(); };
     ui_->optFIR->Click = [this] { optFIR_Click(); };
-    for (auto* tool : {ui_->optZoomIn, ui_->optZoomOut, ui_->optPan, ui_->optFullExtent,
-                       ui_->optMeasureDistance, ui_->optIdentify})
-        tool->Click = [this] { ToolOption_Click(); };
 
     const auto connectButton = [this](QPushButton* button, void (frmUnivariateCusumTextfile::*handler)()) {
         OnEvent(button, &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
@@ -59,6 +59,7 @@ void frmUnivariateCusumTextfile::Form_Load() {
     signaledRegions_.clear();
     selectedPointPeriod_ = selectedPointRegion_ = currentPeriod_ = 0;
     ui_->picPoint->Erase();
+    tools_.Reset();
     PrintCusumLegend(*ui_->picLegend);
     for (QWidget* part :
          {static_cast<QWidget*>(ui_->MSChart1), static_cast<QWidget*>(ui_->MSChart2), ui_->picEachRegionInfo})
@@ -100,12 +101,6 @@ void frmUnivariateCusumTextfile::StartOption_Click() {
 
 void frmUnivariateCusumTextfile::optFIR_Click() {
     ui_->cmdOldCusum->setEnabled(false);
-}
-
-void frmUnivariateCusumTextfile::ToolOption_Click() {
-    const bool identify = ui_->optIdentify->Value();
-    ui_->lblDisplay->setVisible(identify || ui_->optMeasureDistance->Value());
-    if (identify) ui_->lblDisplay->clear();
 }
 
 void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
@@ -200,19 +195,31 @@ void frmUnivariateCusumTextfile::PeriodSelected() {
 
 void frmUnivariateCusumTextfile::RegionPicked(std::ptrdiff_t region) {
     selectedPointRegion_ = region - 1;
+    ShowRegion(region, selectedPointPeriod_);
+    DrawCusumPoints(selectedPointPeriod_);
+    map_.MarkPoint(*ui_->picPoint, region);
+}
+
+/// The chart of a Region over all periods, and its cusum in one of them.
+void frmUnivariateCusumTextfile::ShowRegion(std::ptrdiff_t region, std::ptrdiff_t period) {
     const CusumOutputs results = Results();
     ChartRegion(results.Cusum, region, ListedPeriods(), ws.HValue);
     ui_->MSChart2->SetRows(ws.CusumChartData, ws.CusumChartLabels);
     ui_->MSChart2->show();
-    ui_->lblEachRegionInfo->setText(QString::fromStdString(RegionInfo(
-        results.RegionLabel(region), selectedPointPeriod_, results.Cusum(region, selectedPointPeriod_))));
-    DrawCusumPoints(selectedPointPeriod_);
-    map_.MarkPoint(*ui_->picPoint, region);
+    ui_->lblEachRegionInfo->setText(QString::fromStdString(
+        RegionInfo(results.RegionLabel(region), period, results.Cusum(region, period))));
     ui_->picEachRegionInfo->show();
 }
 
 std::vector<std::string> frmUnivariateCusumTextfile::CusumLines() {
     return CusumFileLines(Results().Cusum, watch_.N, watch_.PeriodCount(Start()));
+}
+
+/// A Region that signals is selected in the list, whose click marks it; the chart of another one is shown.
+void frmUnivariateCusumTextfile::IdentifyRegion(std::ptrdiff_t region) {
+    const auto row = std::find(signaledRegions_.begin(), signaledRegions_.end(), region);
+    if (row == signaledRegions_.end()) return ShowRegion(region, currentPeriod_);
+    ui_->lstRegion->SetListIndex(static_cast<int>(row - signaledRegions_.begin()));
 }
 
 } // namespace vastrel

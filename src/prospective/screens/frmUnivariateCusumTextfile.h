@@ -3,6 +3,7 @@
 #include "display/PointMap.h"
 #include "prospective/PointCusum.h"
 #include "prospective/screens/CusumScreen.h"
+#include "prospective/screens/WatchTools.h"
 
 #include <memory>
 
@@ -40,7 +41,6 @@ private:
 
     void StartOption_Click();
     void optFIR_Click();
-    void ToolOption_Click();
     void cmdFileOpenIDXY_Click();
     void cmdNewZScore_Click();
     void cmdOldCusum_Click();
@@ -56,11 +56,16 @@ private:
     void EnableOldCusum(bool enabled);
     void AddPeriodRowTextfile(std::ptrdiff_t t);
     void DrawCusumPoints(std::ptrdiff_t period);
+    void ShowRegion(std::ptrdiff_t region, std::ptrdiff_t period);
+    void IdentifyRegion(std::ptrdiff_t region);
 
     std::unique_ptr<Ui::frmUnivariateCusumTextfile> ui_;
 
     PointCusum watch_;
     PointMap map_{ProspectivePointZoom};
+    WatchTools tools_{map_,
+                      {[this] { DrawCusumPoints(currentPeriod_); },
+                       [this](std::ptrdiff_t region) { IdentifyRegion(region); }}};
     std::vector<std::ptrdiff_t> signaledRegions_;
     std::ptrdiff_t selectedPointPeriod_ = 0;
     std::ptrdiff_t selectedPointRegion_ = 0; // from 0

@@ -32,16 +32,26 @@ frmClusterDetectionTextfile::frmClusterDetectionTextfile()
     ui_->lblStatsLine->setText(KeyLine("#008000", "&#9473;&#9473;"));
     ui_->lblCriticalStatsLine->setText(KeyLine("#d20000", "&#9473; &#9473;"));
     TakeControls();
+    ConnectMouse();
     OnEvent(ui_->cmdLoadData, &QPushButton::clicked, this, [] { The<frmSelectDataFormat>().Show(); });
     OnEvent(ui_->cmdExit, &QPushButton::clicked, this, [this] { Unload(); });
 }
 
 frmClusterDetectionTextfile::~frmClusterDetectionTextfile() = default;
 
+void frmClusterDetectionTextfile::ConnectMouse() {
+    tools_.TakeOptions(*this);
+    ui_->picPoint->MouseDown = [this](int, double x, double y) { picPoint_MouseDown(x, y); };
+    ui_->picPoint->MouseMove = [this](int button, double x, double y) { tools_.Move(button, x, y); };
+    ui_->picPoint->MouseUp = [this](int, double, double) { tools_.Release(); };
+    ui_->picPoint->DblClick = [this] { tools_.DoubleClick(); };
+}
+
 void frmClusterDetectionTextfile::Form_Load() {
     RetroScreen::Form_Load();
     map_ = PointMap(RetroPointZoom);
     ui_->picPoint->Erase();
+    ui_->picPoint->setToolTip("");
     ui_->picLegend->Erase();
     CloseChart();
 }
@@ -105,6 +115,20 @@ void frmClusterDetectionTextfile::RedrawMap() {
     map_.TakeCentroids(PointCount());
     if (IsSingleSigma()) return map_.DrawStatisticPointsFrom(*ui_->picPoint, values);
     ShowRetroMap(ws.DisplayClassValues, values);
+}
+
+void frmClusterDetectionTextfile::picPoint_MouseDown(double x, double y) {
+    if (!tools_.Press(x, y) && ui_->optIdentify->Value()) Identify(x, y);
+}
+
+/// Selects the row of the nearest point, whose click marks it. Nothing before a dataset is loaded.
+void frmClusterDetectionTextfile::Identify(double x, double y) {
+    if (PointCount() == 0) return;
+    map_.TakeCentroids(PointCount());
+    const std::ptrdiff_t position = NearestPoint(map_.View, x, y, map_.X, map_.Y);
+    RedrawMap();
+    ui_->lstLocalPatternSummary->SetListIndex(static_cast<int>(position + Rules().FirstRegionRow));
+    ui_->picPoint->setToolTip(QString::fromStdString(ws.RegionCentroid(position).ID));
 }
 
 void frmClusterDetectionTextfile::LocalRow_Click(std::ptrdiff_t row) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/PointMap.h"
+#include "display/screens/PointTools.h"
 #include "retrospective/screens/RetroScreen.h"
 
 #include <memory>
@@ -35,11 +36,15 @@ protected:
     void LocalRow_Click(std::ptrdiff_t row) override;
 
 private:
+    void ConnectMouse();
+    void picPoint_MouseDown(double x, double y);
+    void Identify(double x, double y);
     void RedrawMap();
     std::vector<QWidget*> ChartParts() const;
 
     std::unique_ptr<Ui::frmClusterDetectionTextfile> ui_;
     PointMap map_{RetroPointZoom};
+    PointTools tools_{map_, RetroPointMapZoom, [this] { RedrawMap(); }};
 };
 
 } // namespace vastrel
