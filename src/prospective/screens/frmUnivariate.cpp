@@ -113,25 +113,27 @@ void frmUnivariate::DisableSaveCusum() {
     ui_->cmdSaveCusum->setEnabled(false);
 }
 
-void frmUnivariate::cmdCalc_Click() {
-    BeginLists();
+int frmUnivariate::BeginPlain() {
     The<frmGraph>().Unload();
+    return BeginLists();
+}
+
+void frmUnivariate::cmdCalc_Click() {
+    const int run = BeginPlain();
     if (!TakeCusumParameters(Parameters())) return;
     ws.AnimationDelay = static_cast<std::int32_t>(Delay());
     if (Start() == StartOption::Zero)
-        RunFrom(StartOption::Zero, ShownPeriods::New);
+        RunFrom(run, StartOption::Zero, ShownPeriods::New);
     else if (Start() == StartOption::Previous)
         The<frmTxtFileOpen>().Show(); // which makes the run; nothing waits for it here
 }
 
 void frmUnivariate::Continue(ShownPeriods shown) {
     Load();
-    RunFrom(StartOption::Previous, shown);
+    RunFrom(BeginPlain(), StartOption::Previous, shown);
 }
 
-void frmUnivariate::RunFrom(StartOption start, ShownPeriods shown) {
-    const int run = BeginLists();
-    The<frmGraph>().Unload();
+void frmUnivariate::RunFrom(int run, StartOption start, ShownPeriods shown) {
     BeginRows();
     ws.bCusumRun = true;
     const ZSource source = Source();
@@ -228,8 +230,10 @@ void frmUnivariate::RegionPicked(std::ptrdiff_t region) {
 void frmUnivariate::ShowRegionChart() {
     const std::ptrdiff_t region = ws.SelectedRegion + 1;
     ChartRegion(ws.CusumValue, region, SourcePeriodCount(Source()), ws.HValue);
-    The<frmGraph>().Fill(
-        RegionInfo(RecordLabels()(region), ws.SelectedPeriod, ws.CusumValue(region, ws.SelectedPeriod)));
+    const bool hasRecord = region <= AttributeTable().RecordCount();
+    The<frmGraph>().Fill(hasRecord ? RegionInfo(RecordLabels()(region), ws.SelectedPeriod,
+                                                ws.CusumValue(region, ws.SelectedPeriod))
+                                   : std::to_string(region));
 }
 
 std::ptrdiff_t frmUnivariate::ResultPeriods() const {

@@ -59,7 +59,8 @@ private:
     ZSource Source() const;
     bool ReadFields();
     bool ReadText(StartOption start);
-    void RunFrom(StartOption start, ShownPeriods shown);
+    int BeginPlain();
+    void RunFrom(int run, StartOption start, ShownPeriods shown);
     void PlayPeriod(ShownPeriods shown, std::ptrdiff_t t);
 
     std::unique_ptr<Ui::frmUnivariate> ui_;
