@@ -62,6 +62,7 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
     QLabel* labels[] = {ui_->lblLeg0, ui_->lblLeg1, ui_->lblLeg2, ui_->lblLeg3, ui_->lblLeg4};
     for (int i = 0; i < CusumClassCount; ++i)
         labels[i]->setStyleSheet(LabelColours(CusumSymbol(i).Outline));
+    ui_->Label1->setStyleSheet("background-color: white;"); // the head of the legend has no caption
     BuildToolbar();
     TakeDesign();
     ui_->picSHP->MouseDown = [this](int, double x, double y) { PressOnPolygons(*this, x, y); };
