@@ -329,6 +329,21 @@ TEST_F(ProspectivePolygons, FindsThePlantedClusterOfTheSample) {
     EXPECT_EQ(counts, expected);
 }
 
+TEST_F(ProspectivePolygons, ContinuesTheSampleAsItsPointsAreContinued) {
+    const std::string samples = PROJECT_FOLDER "/samples/";
+    const Json polygons = TakeJson(
+        RunBatch({"prospective-polygons", samples + "country.shp", "--z", samples + "watch_z.txt", "--id",
+                  "NAME", "--previous", samples + "watch_previous.csm", "--json", Out("out.json")}));
+    const Json points = TakeJson(
+        RunBatch({"prospective-points", "--ids", samples + "watch_xy.txt", "--z", samples + "watch_z.txt",
+                  "--previous", samples + "watch_previous.txt", "--json", Out("out.json")}));
+    Json newPeriods = Json::array(); // the points keep the 12 saved ones in front
+    for (const auto& region : points["Cusum"])
+        newPeriods.push_back(Json(std::vector<double>(region.begin() + 12, region.end())));
+    EXPECT_EQ(polygons["Cusum"], newPeriods);
+    EXPECT_EQ(polygons["RegionLabel"], points["RegionLabel"]);
+}
+
 TEST_F(ProspectivePolygons, WatchesMeaslesFromColumnsAndFromATextFileAlike) {
     const std::string shp = CopyOfRealShapefile(folder_, "measles/msl_we");
     if (shp.empty()) GTEST_SKIP() << "The real data are not here.";
