@@ -13,7 +13,15 @@ namespace {
 constexpr double PointsX[] = {0, 4, 0}, PointsY[] = {0, 0, 3};
 constexpr double ViewWidth = 4.4, ViewHeight = 3.3;
 
-constexpr QColor Green(0, 255, 0), Yellow(255, 255, 0), Red(255, 0, 0);
+constexpr QColor Yellow(255, 255, 0);
+
+/// Thin circles have soft edges: the colour is there, mixed with white.
+bool IsGreen(const QColor& colour) {
+    return colour.green() == 255 && colour.red() < 160 && colour.blue() < 160;
+}
+bool IsRed(const QColor& colour) {
+    return colour.red() == 255 && colour.green() < 160 && colour.blue() < 160;
+}
 
 class WatchToolsTest : public WatchScreenTest {
 protected:
@@ -41,7 +49,7 @@ protected:
     /// The signal of A is the only red circle, of radius 6.
     bool SignalIsAt(const QPointF& at) {
         for (const double dx : {5.0, 6.0, 7.0})
-            if (ColourAt(at + QPointF(dx, 0)) == Red) return true;
+            if (IsRed(ColourAt(at + QPointF(dx, 0)))) return true;
         return false;
     }
     void ExpectShown(double zoom, const QPointF& moved = {}) {
@@ -157,13 +165,16 @@ TEST_F(WatchToolsTest, IdentifiesASignallingRegionThroughItsList) {
     Tool("optIdentify");
     for (const auto button : Mouse::EachButton) {
         Periods()->SetListIndex(5); // hides the chart of the Region
-        Click(Plot(1) + QPointF(8, -6), button);
+        const QPointF near = Plot(1) + QPointF(8, -6);
+        Hand.Press(near.x(), near.y(), button);
+        EXPECT_TRUE(IsGreen(ColourAt(Plot(1) + QPointF(10, 0))));
+        Hand.Release(near.x(), near.y(), button); // the left one draws the points anew, without the mark
+        EXPECT_EQ(IsGreen(ColourAt(Plot(1) + QPointF(10, 0))), button != Qt::LeftButton);
         EXPECT_EQ(Regions()->ListIndex(), 0);
         EXPECT_TRUE(IsShown(Screen, "MSChart2"));
         EXPECT_EQ(Text(Screen, "lblEachRegionInfo"), "A in 4: ---> 4.50");
         EXPECT_EQ(Display(), "Selected Region: A");
         EXPECT_EQ(ToolTip(), "A");
-        EXPECT_EQ(ColourAt(Plot(1) + QPointF(10, 0)), Green);
     }
     Shot(Frame, "tools-watch-identify");
 }
@@ -180,7 +191,7 @@ TEST_F(WatchToolsTest, IdentifiesAnotherRegionByItsChart) {
         EXPECT_EQ(Text(Screen, "lblEachRegionInfo"), "C in 4: ---> 0.25");
         EXPECT_EQ(Display(), "Selected Region: C");
         EXPECT_EQ(ToolTip(), "C");
-        EXPECT_NE(ColourAt(Plot(3) + QPointF(10, 0)), Green);
+        EXPECT_FALSE(IsGreen(ColourAt(Plot(3) + QPointF(10, 0))));
     }
     EXPECT_EQ(ws.CusumChartData(1, 0), 3.5); // C in period 2
 }
@@ -206,11 +217,11 @@ TEST_F(WatchToolsTest, SelectsThePointsInsideACircle) {
     const double near = 3.4 * Scale(), far = 4.2 * Scale();
     Hand.Press(a.x(), a.y());
     Hand.Move(a.x() + near / 2, a.y());
-    EXPECT_EQ(ColourAt(a + QPointF(near / 2, 0)), Green);
+    EXPECT_TRUE(IsGreen(ColourAt(a + QPointF(near / 2, 0))));
     EXPECT_EQ(Selected(), "");
     EXPECT_EQ(Display(), "");
     Hand.Release(a.x() + near, a.y()); // C is 3 units away, B is 4
-    EXPECT_EQ(ColourAt(a + QPointF(near, 0)), Green);
+    EXPECT_TRUE(IsGreen(ColourAt(a + QPointF(near, 0))));
     EXPECT_EQ(Selected(), "AC");
     EXPECT_EQ(Display(), "Radius: 3");
     Shot(Frame, "tools-watch-select");

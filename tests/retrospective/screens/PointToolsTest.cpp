@@ -92,9 +92,10 @@ TEST_F(PointToolsTest, ZoomsByAFifthWithEachButton) {
         Tool("optZoomIn");
         Click({50, 60}, button);
         ExpectPlotted(zoom += 0.2);
+        if (button != Qt::LeftButton) continue;      // further in, the corners are out of sight
+        EXPECT_TRUE(HasColours(picPoint.Picture())); // the statistic, not the plain points
+        Shot(Frame, "tools-point-zoom");
     }
-    EXPECT_TRUE(HasColours(picPoint.Picture())); // the statistic, not the plain points
-    Shot(Frame, "tools-point-zoom");
     for (const auto button : Mouse::EachButton) {
         Tool("optZoomOut");
         Click({50, 60}, button);
