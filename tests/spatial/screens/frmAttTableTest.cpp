@@ -1,0 +1,118 @@
+#include "spatial/screens/frmAttTable.h"
+
+#include "spatial/AttributeRows.h"
+#include "support/AttributeData.h"
+#include "support/screens/ScreenTest.h"
+#include "workspace/Workspace.h"
+
+#include <QTableView>
+
+#include <chrono>
+
+using namespace vastrel;
+
+namespace {
+
+class AttTableTest : public ScreenTest {
+protected:
+    void OpenAs(const std::string& table, const std::vector<TableColumn>& columns,
+                const std::vector<std::vector<std::string>>& rows) {
+        OpenTable(Folder, columns, rows, static_cast<int>(rows.size()));
+        ws.DbfFilePath = Folder / table;
+        ws.DbfTableName = table;
+    }
+    QTableView* Cells() { return The_<QTableView>(Grid, "MSFlexGrid1"); }
+    std::string Cell(int row, int column) {
+        return Cells()->model()->index(row, column).data().toString().toStdString();
+    }
+
+    TemporaryFolder Folder;
+    frmAttTable& Grid = The<frmAttTable>();
+};
+
+} // namespace
+
+TEST_F(AttTableTest, StandsAsDesigned) {
+    OpenAs("t.dbf", {{"KEY", 'C', 4}, {"POP", 'N', 6}}, {{"a", "12"}, {"b", ""}});
+    Grid.Show();
+    EXPECT_EQ(Grid.windowTitle(), "Attribute Table"); // until somebody names the table
+    EXPECT_EQ(Cells()->model()->rowCount(), 2);
+    EXPECT_EQ(Cell(0, 1), "12");
+    EXPECT_EQ(Cell(1, 1), "");
+    EXPECT_FALSE(Cells()->accessibleName().isEmpty());
+    EXPECT_EQ(Cells()->editTriggers(), QAbstractItemView::NoEditTriggers);
+    Shot(Grid, "table");
+}
+
+TEST_F(AttTableTest, LoadsInTheBackgroundAndIsFilledAtEachOpen) {
+    OpenAs("one.dbf", {{"KEY", 'C', 4}}, {{"a"}, {"b"}});
+    AttributeTable().MoveNext();
+    Grid.TakeTable();
+    EXPECT_TRUE(Grid.IsLoaded());
+    EXPECT_FALSE(Grid.isVisible());
+    EXPECT_EQ(Grid.windowTitle(), "one.dbf");
+    EXPECT_EQ(CurrentText("KEY"), "a"); // rewound
+    OpenAs("two.dbf", {{"ID", 'N', 4}}, {{"7"}});
+    Grid.TakeTable();
+    EXPECT_EQ(Grid.windowTitle(), "two.dbf");
+    EXPECT_EQ(Cells()->model()->rowCount(), 1);
+    EXPECT_EQ(Cell(0, 0), "7");
+}
+
+TEST_F(AttTableTest, StaysEmptyWithoutATable) {
+    ws.DbfFilePath = "   ";
+    ws.DbfTableName = "x.dbf";
+    Grid.TakeTable();
+    EXPECT_EQ(Cells()->model()->rowCount(), 0);
+    EXPECT_EQ(Grid.windowTitle(), "x.dbf");
+}
+
+TEST_F(AttTableTest, TellsWhyItCannotBeFilled) {
+    ws.DbfFilePath = "/nowhere/x.dbf";
+    ws.DbfTableName = "x.dbf";
+    Script.ExpectMessage("Object variable not set\nNo attribute table is open.", "Vastrel",
+                         Message::Icon::Plain);
+    Grid.Show();
+    EXPECT_TRUE(Grid.isVisible());
+    EXPECT_EQ(Grid.windowTitle(), "x.dbf");
+    EXPECT_EQ(Cells()->model()->rowCount(), 0);
+}
+
+TEST_F(AttTableTest, FollowsItsWindow) {
+    OpenAs("t.dbf", {{"KEY", 'C', 4}}, {{"a"}});
+    Grid.Show();
+    Grid.Frame()->resize(800, 500);
+    EXPECT_EQ(Cells()->size(), Grid.size());
+}
+
+TEST_F(AttTableTest, OpensALargeTableAtOnce) {
+    std::vector<TableColumn> columns;
+    for (int k = 0; k < 100; ++k)
+        columns.push_back({"C" + std::to_string(k), 'N', 8, 2});
+    const std::vector<std::string> row(100, "12345.67");
+    OpenAs("large.dbf", columns, std::vector<std::vector<std::string>>(5000, row));
+    const auto start = std::chrono::steady_clock::now();
+    Grid.TakeTable();
+    Grid.Show();
+    Grid.grab();
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    EXPECT_LT(time.count(), 0.25);
+    EXPECT_EQ(Cell(4999, 99), "12345.67");
+}
+
+TEST_F(AttTableTest, ShowsTheNamesOfTheGermanDistricts) {
+    if (!OpenRealDataset(Folder, "imd_de/imd_de")) GTEST_SKIP() << "no real data";
+    Grid.TakeTable();
+    Grid.Show();
+    EXPECT_EQ(Cells()->model()->rowCount(), 413);
+    std::set<std::string> names;
+    for (int i = 0; i < 413; ++i)
+        names.insert(Cell(i, 1));
+    EXPECT_TRUE(names.count("M\xC3\xBCnchen") + names.count("LK M\xC3\xBCnchen") +
+                names.count("SK M\xC3\xBCnchen"))
+        << *names.begin();
+    Cells()->scrollTo(Cells()->model()->index(150, 0));
+    Shot(Grid, "table-imd");
+    Grid.Frame()->resize(1000, 600);
+    Shot(Grid, "table-imd-large");
+}
