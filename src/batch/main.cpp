@@ -24,7 +24,7 @@ constexpr AddCommand Commands[] = {AddRetrospectivePoints,
 /// parser would take from the next word.
 std::vector<std::string> Words(int argc, char** argv) {
     std::vector<std::string> words;
-    for (std::string word : std::vector<std::string>(argv + 1, argv + argc)) {
+    for (const std::string& word : std::vector<std::string>(argv + 1, argv + argc)) {
         const bool emptyValue = word.rfind("--", 0) == 0 && word.find('=') == word.size() - 1;
         words.push_back(emptyValue ? word.substr(0, word.size() - 1) : word);
         if (emptyValue) words.emplace_back();
@@ -55,6 +55,7 @@ ExitStatus RunGuarded(ConsolePlatform& console, const RunCommand& run) {
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the parser's own set-up may be out of memory
 int main(int argc, char** argv) {
     ConsolePlatform console;
     SetPlatform(&console);

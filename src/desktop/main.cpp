@@ -8,7 +8,7 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    if (application.arguments().size() > 1) {
+    if (QApplication::arguments().size() > 1) {
         std::cerr << "vastrel takes no arguments; vastrel-batch does the same work from the command line.\n";
         return 2;
     }

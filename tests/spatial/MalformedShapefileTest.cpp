@@ -42,8 +42,7 @@ Pair WithRecord(const std::string& contents, std::int32_t number = 0) {
 const Pair Sound = WithRecord(SoundSquare);
 
 // Places in a record's contents.
-constexpr size_t BoxPlace = 4, PartCountPlace = 36, PointCountPlace = 40, PartsPlace = 44,
-                 FirstPointPlace = 48;
+constexpr size_t BoxPlace = 4, PartCountPlace = 36, PointCountPlace = 40, FirstPointPlace = 48;
 constexpr size_t Record1 = 100;
 
 /// The edge from (1e200, -1e200) to (1e200, 1e200) makes a product beyond the range of a double.

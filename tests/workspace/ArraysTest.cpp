@@ -98,7 +98,7 @@ TEST(Table, TakesIndicesFromZeroToBothBounds) {
     EXPECT_EQ(table(2, 4), 5);
     // Each index is looked at by itself: none of these is out of the memory, all are out of the table.
     for (const auto& [i, j] : {std::pair{-1, 4}, {0, 5}, {1, -1}, {3, 0}, {2, 5}})
-        EXPECT_EQ(NumberOf([&] { table(i, j); }), SubscriptOutOfRange) << i << ", " << j;
+        EXPECT_EQ(NumberOf([&, i = i, j = j] { table(i, j); }), SubscriptOutOfRange) << i << ", " << j;
     EXPECT_EQ(DescriptionOf([&] { table(3, 1); }),
               "Subscript out of range\nElement (3, 1) of a table of 2 by 4.");
     EXPECT_EQ(NumberOf([&] { table.row(3); }), SubscriptOutOfRange);
