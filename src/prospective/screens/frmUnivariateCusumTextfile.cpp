@@ -32,6 +32,9 @@ frmUnivariateCusumTextfile::frmUnivariateCusumTextfile()
     ui_->picLegend->FixSize(1350, 1650);
     for (auto* chart : {ui_->MSChart1, ui_->MSChart2})
         chart->SetSeriesNames(CusumSeriesCaption, ThresholdSeriesCaption);
+    QSizePolicy keepsItsRoom = ui_->lblDisplay->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true); // so that the map stays where it is
+    ui_->lblDisplay->setSizePolicy(keepsItsRoom);
     TakeControls();
     ConnectControls();
     tools_.TakeControls(*this, watch_);

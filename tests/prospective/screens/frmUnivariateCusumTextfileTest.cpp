@@ -7,6 +7,7 @@
 #include "support/screens/ScreenChecks.h"
 #include "workspace/Workspace.h"
 
+#include <QApplication>
 #include <QLabel>
 
 #include <filesystem>
@@ -442,6 +443,7 @@ TEST_F(WatchScreen, SavesCusumsAsOftenAsAskedAndIsQuietAboutFaults) {
 }
 
 TEST_F(WatchScreen, ShowsItsLineOfTextWithTheToolsThatUseIt) {
+    const QPoint map = The_<PlotWidget>(Screen, "picPoint")->pos();
     const struct {
         const char* Tool;
         bool Shown, Kept;
@@ -452,6 +454,8 @@ TEST_F(WatchScreen, ShowsItsLineOfTextWithTheToolsThatUseIt) {
     for (const auto& [tool, shown, kept] : rows) {
         The_<QLabel>(Screen, "lblDisplay")->setText("Radius: 7");
         Press(Screen, tool);
+        QApplication::processEvents();
+        EXPECT_EQ(The_<PlotWidget>(Screen, "picPoint")->pos(), map) << tool; // the map does not move
         EXPECT_EQ(IsShown(Screen, "lblDisplay"), shown) << tool;
         EXPECT_EQ(Text(Screen, "lblDisplay"), kept ? "Radius: 7" : "") << tool;
     }
