@@ -100,9 +100,9 @@ void frmPolygonSHP::Form_Load() {
     ShowCusumLegend(false);
     ShowMLegend(false);
     setWindowTitle(QString::fromStdString(ws.ShapeFileTitleSaved));
-    Frame()->resize(Frame()->size() +
-                    QSize(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit)) -
-                    size());
+    const QSize inner(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit));
+    Frame()->resize(inner + Frame()->sizeHint() - sizeHint());
+    resize(inner); // a hidden window passes its size on only when it is shown
     Frame()->move(0, 0);
     ui_->picForm->Erase();
     arranged_ = {};
