@@ -30,7 +30,7 @@ bool IsValidSpec(std::string_view spec) {
 }
 
 /// Where the base name starts, and where the last "." stands. A "." in a folder name alone leaves no base
-/// name; the specification then ends there.
+/// name; the text then ends there.
 struct Pieces {
     size_t NameStart;
     size_t Point;

@@ -13,7 +13,7 @@ namespace vastrel {
 
 namespace {
 
-/// The pair's file of this specification as it stands on the disk, whatever the case of its name; empty where
+/// The pair's file of this name as it stands on the disk, whatever the case of its name; empty where
 /// it is missing.
 std::string ExistingFile(const CFileName& name) {
     return FindFile(FromFileSpec(name.GetFileSpec()));

@@ -160,7 +160,7 @@ TEST_F(ShapeDataset, FindsFilesInCapitals) {
     EXPECT_EQ(ws.NumRegion, 2);
 }
 
-TEST_F(ShapeDataset, EndsTheProcessForAPathThatIsNoSpecification) {
+TEST_F(ShapeDataset, EndsTheProcessForAPathThatIsNoFileName) {
     for (const char* name : {"nc..shp", "what?.shp", "a:b.shp"}) {
         const auto error = ErrorOf([&] { OpenShapeAttributes({folder / name, name, false}); });
         EXPECT_EQ(error.Number, InvalidFileSpec) << name;
