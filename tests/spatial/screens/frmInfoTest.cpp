@@ -77,4 +77,6 @@ TEST_F(InfoTest, ShowsAGermanDistrict) {
     Info.FillInfoList(0);
     EXPECT_EQ(Shown().size(), 20u);
     Shot(Info, "info-imd");
+    Info.resize(480, 480);
+    Shot(Info, "info-imd-large");
 }
