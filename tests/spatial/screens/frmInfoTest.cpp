@@ -62,9 +62,13 @@ TEST_F(InfoTest, LosesItsRowsWithItsLoad) {
 }
 
 TEST_F(InfoTest, FollowsItsWindow) {
+    const int fieldsBefore = The_<QAbstractButton>(Info, "Command1")->width();
     Info.resize(500, 400);
     EXPECT_EQ(The_<ListBox>(Info, "lstInfo")->width(), 500);
     EXPECT_EQ(The_<ListBox>(Info, "lstInfo")->geometry().bottom(), 399);
+    // The heads stay above their columns: the second takes the new room.
+    EXPECT_EQ(The_<QAbstractButton>(Info, "Command1")->width(), fieldsBefore);
+    EXPECT_EQ(The_<QAbstractButton>(Info, "Command2")->geometry().right(), 499);
 }
 
 TEST_F(InfoTest, GoesWithTheFrame) {
