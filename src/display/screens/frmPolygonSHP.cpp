@@ -101,7 +101,7 @@ void frmPolygonSHP::Form_Load() {
     ShowMLegend(false);
     setWindowTitle(QString::fromStdString(ws.ShapeFileTitleSaved));
     const QSize inner(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit));
-    Frame()->resize(inner + Frame()->sizeHint() - sizeHint());
+    Frame()->resize(inner.grownBy(Frame()->contentsMargins())); // its title bar and border
     resize(inner); // a hidden window passes its size on only when it is shown
     Frame()->move(0, 0);
     ui_->picForm->Erase();
