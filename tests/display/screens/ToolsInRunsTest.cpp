@@ -11,6 +11,7 @@
 #include "workspace/Workspace.h"
 
 #include <QAction>
+#include <QSlider>
 
 using namespace vastrel;
 
@@ -101,6 +102,18 @@ protected:
 };
 
 } // namespace
+
+// Also as the first window of the process, whose frame was never shown.
+TEST_F(ToolsInRuns, FindTheMapAtItsDesignSize) {
+    OpenForWatch();
+    const QSize design(8025 / 15, 5055 / 15);
+    EXPECT_EQ(MapWindow.size(), design);
+    EXPECT_EQ(Map.size(), QSize((8025 - 2100) / 15, (5055 - 700) / 15));
+    EXPECT_LE(MapWindow.Frame()->width(), design.width() + 12); // its border
+    MapWindow.Frame()->close();
+    OpenForWatch();
+    EXPECT_EQ(MapWindow.size(), design);
+}
 
 TEST_F(ToolsInRuns, AreIdentifyZoomAndPanBeforeARun) {
     for (const bool retro : {true, false}) {
@@ -211,6 +224,19 @@ TEST_F(ToolsInRuns, ServeInsideTheAnimationOfTheBandwidths) {
         last(i) = ws.StatisticTable(i, 2);
     const QImage shown = Map.Picture();
     EXPECT_EQ(shown, Statistic(last));
+}
+
+TEST_F(ToolsInRuns, AnimateARangeOfOneBandwidthInOneFrame) {
+    OpenForRetro();
+    ScreenTest::Press(Retro, "optSpatialSigmaRange");
+    Type(Retro, "txtFromSigma", "1");
+    Type(Retro, "txtToSigma", "1.1");
+    Type(Retro, "txtStep", "1"); // 0.1 / 1 + 1, rounded
+    ScreenTest::Press(Retro, "cmdRun");
+    Push("MapAnimation");
+    EXPECT_EQ(Script.YieldCalls(), 1);
+    EXPECT_EQ(Retro.GlobalPatternSummary().ListIndex(), 2);
+    EXPECT_EQ(The_<QSlider>(MapWindow, "sliderStatsRange")->maximum(), 0);
 }
 
 TEST_F(ToolsInRuns, BringThePeriodBackAfterAWatch) {
