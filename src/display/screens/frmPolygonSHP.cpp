@@ -101,8 +101,7 @@ void frmPolygonSHP::Form_Load() {
     ShowMLegend(false);
     setWindowTitle(QString::fromStdString(ws.ShapeFileTitleSaved));
     const QSize inner(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit));
-    const QMargins border = Frame()->contentsMargins(); // of the sub-window, with its title
-    Frame()->resize(inner.grownBy(border));
+    Frame()->resize(inner.grownBy(Frame()->contentsMargins())); // its title bar and border
     resize(inner); // a hidden window passes its size on only when it is shown
     Frame()->move(0, 0);
     ui_->picForm->Erase();

@@ -38,9 +38,9 @@ void frmAttTable::Form_Load() {
 void frmAttTable::Fill() {
     constexpr int rowsToMeasure = 50;
     grid_->Show(nullptr);
-    if (ws.DbfFilePath.find_first_not_of(' ') == std::string::npos) return;
     try {
         AttributeTable().MoveFirst();
+        if (ws.DbfFilePath.find_first_not_of(' ') == std::string::npos) return;
         grid_->Show(ws.AttributeRecordset);
         ui_->MSFlexGrid1->horizontalHeader()->setResizeContentsPrecision(rowsToMeasure);
         ui_->MSFlexGrid1->resizeColumnsToContents();
