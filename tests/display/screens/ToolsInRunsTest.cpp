@@ -103,18 +103,6 @@ protected:
 
 } // namespace
 
-// Also as the first window of the process, whose frame was never shown.
-TEST_F(ToolsInRuns, FindTheMapAtItsDesignSize) {
-    OpenForWatch();
-    const QSize design(8025 / 15, 5055 / 15);
-    EXPECT_EQ(MapWindow.size(), design);
-    EXPECT_EQ(Map.size(), QSize((8025 - 2100) / 15, (5055 - 700) / 15));
-    EXPECT_LE(MapWindow.Frame()->width(), design.width() + 12); // its border
-    MapWindow.Frame()->close();
-    OpenForWatch();
-    EXPECT_EQ(MapWindow.size(), design);
-}
-
 TEST_F(ToolsInRuns, AreIdentifyZoomAndPanBeforeARun) {
     for (const bool retro : {true, false}) {
         retro ? OpenForRetro() : OpenForWatch();
