@@ -77,7 +77,9 @@ void DrawHighlight(PlotSurface& picSHP, std::ptrdiff_t region) {
     ComputeView(picSHP);
     picSHP.SetPen(Colours::Black);
     picSHP.SetFillStyle(FillStyle::Solid);
-    if (ws.bRetroMapping) PaintRings(picSHP, StatisticFill(ws.DisplayDrawValues));
+    // A range leaves no legend until one of its steps is picked: there are no classes to paint then.
+    if (ws.bRetroMapping && ws.LegendLimits.IsAllocated())
+        PaintRings(picSHP, StatisticFill(ws.DisplayDrawValues));
     PaintRings(picSHP,
                [region](std::int32_t record) { return record == region ? Colours::Yellow : Colours::White; });
     picSHP.Refresh();

@@ -23,7 +23,8 @@ void DrawStatisticMap(PlotSurface& picSHP, const Array1<double>& values);
 void DrawCusumMap(PlotSurface& picSHP, std::ptrdiff_t period);
 
 /// Paints one Region, counted from 0, yellow and all others white on top of what stands there. While the map
-/// shows a statistic, that is painted first, from DisplayDrawValues and without its legend.
+/// shows a statistic, that is painted first, from DisplayDrawValues and without its legend; not before a
+/// legend was built for it.
 void DrawHighlight(PlotSurface& picSHP, std::ptrdiff_t region);
 
 /// Draws a red point at each RegionCentroid on top of what stands there, in whole pixels nowhere. The line

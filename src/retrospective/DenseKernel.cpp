@@ -29,6 +29,11 @@
 // computes some elements twice over and drops the copies; zeros in their place could raise faults (0 *
 // infinity) that the matrices do not hold.
 //
+// Weights of distant Regions are tiny. A product below the smallest normal number takes the processor a
+// detour of a hundred cycles and more, so the steps of a tile are told apart by the exponents of its panels:
+// those whose products all round to zero are left out, and those that hold such a product go by another way
+// to the same bits.
+//
 // The rows of the result are split over threads; each packs for itself. Of the Gram matrix only tiles that
 // reach the diagonal or lie right of it are computed: a product has the same bits with its operands swapped,
 // so that the other half is a mirror image.
@@ -37,6 +42,7 @@
 
 #include "platform/RowWorkers.h"
 #include "platform/RunTimeError.h"
+#include "retrospective/FaintProducts.h"
 #include "workspace/Arrays.h"
 
 #include <algorithm>
@@ -61,9 +67,9 @@ constexpr Index ColumnBlock = 1536; // the packed rows of b stay in the outer ca
 template <int Bytes, int Rows, int Vectors>
 [[gnu::always_inline]] inline void AddProducts(const double* a, const double* b, Index depth, double* result,
                                                Index stride) {
-    using Vector [[gnu::vector_size(Bytes)]] = double;
-    using Unaligned [[gnu::vector_size(Bytes), gnu::aligned(sizeof(double)), gnu::may_alias]] = double;
-    constexpr Index lanes = Bytes / static_cast<Index>(sizeof(double));
+    using Vector = typename VectorOf<Bytes>::Doubles;
+    using Unaligned = typename VectorOf<Bytes>::Unaligned;
+    constexpr Index lanes = VectorOf<Bytes>::Lanes;
 
     Vector sum[Rows][Vectors];
 #pragma GCC unroll 16
@@ -88,11 +94,13 @@ template <int Bytes, int Rows, int Vectors>
             *reinterpret_cast<Unaligned*>(result + i * stride + v * lanes) = sum[i][v];
 }
 
+using AddSteps = void (*)(const double* a, const double* b, Index depth, double* result, Index stride);
+
 struct Tile {
     const char* InstructionSet;
     bool (*IsOffered)();
     Index Rows, Columns;
-    void (*AddProducts)(const double* a, const double* b, Index depth, double* result, Index stride);
+    AddSteps AddProducts, AddFaintProducts;
 };
 
 #if defined(__x86_64__)
@@ -100,9 +108,17 @@ struct Tile {
                                                   double* result, Index stride) {
     AddProducts<64, 8, 3>(a, b, depth, result, stride);
 }
+[[gnu::target("avx512f")]] void AddFaintProductsAvx512(const double* a, const double* b, Index depth,
+                                                       double* result, Index stride) {
+    AddFaintProducts<64, 8, 3>(a, b, depth, result, stride);
+}
 [[gnu::target("avx2")]] void AddProductsAvx2(const double* a, const double* b, Index depth, double* result,
                                              Index stride) {
     AddProducts<32, 4, 2>(a, b, depth, result, stride);
+}
+[[gnu::target("avx2,fma")]] void AddFaintProductsAvx2(const double* a, const double* b, Index depth,
+                                                      double* result, Index stride) {
+    AddFaintProducts<32, 4, 2>(a, b, depth, result, stride);
 }
 #endif
 void AddProductsBaseline(const double* a, const double* b, Index depth, double* result, Index stride) {
@@ -112,10 +128,12 @@ void AddProductsBaseline(const double* a, const double* b, Index depth, double* 
 /// The widest first.
 constexpr Tile Tiles[] = {
 #if defined(__x86_64__)
-    {"avx512", [] { return __builtin_cpu_supports("avx512f") != 0; }, 8, 24, AddProductsAvx512},
-    {"avx2", [] { return __builtin_cpu_supports("avx2") != 0; }, 4, 8, AddProductsAvx2},
+    {"avx512", [] { return __builtin_cpu_supports("avx512f") != 0; }, 8, 24, AddProductsAvx512,
+     AddFaintProductsAvx512},
+    {"avx2", [] { return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma"); }, 4, 8,
+     AddProductsAvx2, AddFaintProductsAvx2},
 #endif
-    {"baseline", [] { return true; }, 4, 4, AddProductsBaseline},
+    {"baseline", [] { return true; }, 4, 4, AddProductsBaseline, AddProductsBaseline},
 };
 
 std::atomic<const Tile*> forcedTile = nullptr;
@@ -128,7 +146,7 @@ const Tile& ChosenTile() {
 
 // ---- Packing
 
-using Pack = std::vector<double, AlignedAllocator<double>>;
+using PackedDoubles = std::vector<double, AlignedAllocator<double>>;
 
 constexpr Index RoundedUp(Index n, Index step) {
     return (n + step - 1) / step * step;
@@ -158,6 +176,48 @@ void PackPanels(const Operand& from, Index first, Index last, Index k0, Index k1
     }
 }
 
+// ---- Faint steps
+
+/// The span of vectors first..last-1 of an operand.
+Span SpanOfVectors(const Operand& of, Index first, Index last, Index depth) {
+    const bool inRows = of.Along == 1;
+    Span span;
+    for (Index i = inRows ? first : 0; i < (inRows ? last : depth); ++i) {
+        const double* row = inRows ? of.Data + i * of.Across : of.Data + i * of.Along + first;
+        const Span other = SpanOf(row, inRows ? depth : last - first);
+        span = {std::min(span.Least, other.Least), std::max(span.Most, other.Most)};
+    }
+    return span;
+}
+
+/// Panels of one width with the spans of their steps; the spans only where they matter.
+class PanelBlock {
+public:
+    PanelBlock(Index depth, Index count, Index width, bool withSpans)
+        : width_(width), panels_(static_cast<size_t>(depth * RoundedUp(count, width))),
+          spans_(withSpans ? panels_.size() / static_cast<size_t>(width) : 0) {}
+
+    void Pack(const Operand& from, Index first, Index last, Index k0, Index k1) {
+        PackPanels(from, first, last, k0, k1, width_, panels_.data());
+        depth_ = k1 - k0;
+        if (spans_.empty()) return;
+        const Index steps = RoundedUp(last - first, width_) / width_ * depth_;
+        for (Index step = 0; step < steps; ++step)
+            spans_[static_cast<size_t>(step)] = SpanOf(panels_.data() + step * width_, width_);
+    }
+
+    /// The panel that begins with the block's vector x.
+    const double* Panel(Index x) const { return panels_.data() + x * depth_; }
+    const Span* Spans(Index x) const {
+        return spans_.empty() ? nullptr : spans_.data() + x / width_ * depth_;
+    }
+
+private:
+    Index width_, depth_ = 0;
+    PackedDoubles panels_;
+    std::vector<Span> spans_;
+};
+
 // ---- The sums
 
 enum class Part { Whole, UpperTriangle };
@@ -173,52 +233,73 @@ public:
             std::fill_n(result_ + i * stride_, b_.Count, 0.0);
         const Index left = part_ == Part::Whole ? 0 : rows.First / tile_.Columns * tile_.Columns;
         const Index depth = std::min(depth_, DepthBlock);
-        Pack aPack(
-            static_cast<size_t>(depth * RoundedUp(std::min(rows.Last - rows.First, RowBlock), tile_.Rows)));
-        Pack bPack(
-            static_cast<size_t>(depth * RoundedUp(std::min(b_.Count - left, ColumnBlock), tile_.Columns)));
+        const bool spans = HasFaintProducts(SpanOfVectors(a_, rows.First, rows.Last, depth_),
+                                            SpanOfVectors(b_, left, b_.Count, depth_));
+        PanelBlock a(depth, std::min(rows.Last - rows.First, RowBlock), tile_.Rows, spans);
+        PanelBlock b(depth, std::min(b_.Count - left, ColumnBlock), tile_.Columns, spans);
         for (Index j0 = left; j0 < b_.Count; j0 += ColumnBlock) {
             const Index j1 = std::min(b_.Count, j0 + ColumnBlock);
             for (Index k0 = 0; k0 < depth_; k0 += DepthBlock) {
                 const Index k1 = std::min(depth_, k0 + DepthBlock);
-                PackPanels(b_, j0, j1, k0, k1, tile_.Columns, bPack.data());
+                b.Pack(b_, j0, j1, k0, k1);
                 for (Index i0 = rows.First; i0 < rows.Last; i0 += RowBlock) {
                     const Index i1 = std::min(rows.Last, i0 + RowBlock);
-                    PackPanels(a_, i0, i1, k0, k1, tile_.Rows, aPack.data());
-                    AddBlock({i0, i1}, j0, j1, k1 - k0, aPack.data(), bPack.data());
+                    a.Pack(a_, i0, i1, k0, k1);
+                    AddBlock({i0, i1}, j0, j1, k1 - k0, a, b);
                 }
             }
         }
     }
 
 private:
-    void AddBlock(RowRange rows, Index j0, Index j1, Index depth, const double* aPack,
-                  const double* bPack) const {
-        for (Index j = j0; j < j1; j += tile_.Columns) {
-            const double* bPanel = bPack + (j - j0) * depth;
+    void AddBlock(RowRange rows, Index j0, Index j1, Index depth, const PanelBlock& a,
+                  const PanelBlock& b) const {
+        for (Index j = j0; j < j1; j += tile_.Columns)
             for (Index i = rows.First; i < rows.Last; i += tile_.Rows) {
                 if (part_ == Part::UpperTriangle && j + tile_.Columns <= i) break;
-                const double* aPanel = aPack + (i - rows.First) * depth;
+                const Panels panels{a.Panel(i - rows.First), b.Panel(j - j0), a.Spans(i - rows.First),
+                                    b.Spans(j - j0), depth};
                 const Index height = std::min(tile_.Rows, rows.Last - i);
                 const Index width = std::min(tile_.Columns, j1 - j);
                 double* sums = result_ + i * stride_ + j;
                 if (height == tile_.Rows && width == tile_.Columns)
-                    tile_.AddProducts(aPanel, bPanel, depth, sums, stride_);
+                    AddTile(panels, sums, stride_);
                 else
-                    AddAtEdge(aPanel, bPanel, depth, sums, height, width);
+                    AddAtEdge(panels, sums, height, width);
             }
+    }
+
+    /// The two panels of a tile.
+    struct Panels {
+        const double *A, *B;
+        const Span *ASpans, *BSpans; // null where no step needs to be told from another
+        Index Depth;
+    };
+
+    void AddTile(const Panels& panels, double* sums, Index stride) const {
+        if (!panels.ASpans) {
+            tile_.AddProducts(panels.A, panels.B, panels.Depth, sums, stride);
+            return;
+        }
+        for (Index k = 0, next = 0; k < panels.Depth; k = next) {
+            const auto stepAt = [&](Index at) { return StepOf(panels.ASpans[at], panels.BSpans[at]); };
+            const Step step = stepAt(k);
+            for (next = k + 1; next < panels.Depth && stepAt(next) == step;)
+                ++next;
+            if (step == Step::Void) continue;
+            const AddSteps add = step == Step::Faint ? tile_.AddFaintProducts : tile_.AddProducts;
+            add(panels.A + k * tile_.Rows, panels.B + k * tile_.Columns, next - k, sums, stride);
         }
     }
 
     /// A tile that reaches over the edge goes through a copy of its sums, filled up as the panels are.
-    void AddAtEdge(const double* aPanel, const double* bPanel, Index depth, double* sums, Index height,
-                   Index width) const {
+    void AddAtEdge(const Panels& panels, double* sums, Index height, Index width) const {
         double copy[LargestTile];
         for (Index i = 0; i < tile_.Rows; ++i)
             for (Index j = 0; j < tile_.Columns; ++j)
                 copy[i * tile_.Columns + j] =
                     sums[std::min(i, height - 1) * stride_ + std::min(j, width - 1)];
-        tile_.AddProducts(aPanel, bPanel, depth, copy, tile_.Columns);
+        AddTile(panels, copy, tile_.Columns);
         for (Index i = 0; i < height; ++i)
             std::copy_n(copy + i * tile_.Columns, width, sums + i * stride_);
     }

@@ -8,9 +8,9 @@ namespace vastrel {
 /// All failures are offset 0x203, "The FileSpec is invalid", and leave the text as it was.
 class CFileName {
 public:
-    /// Accepts a letter, ":", and then a path with at least one "\" and one "." in which no two "\" and no
-    /// two
-    /// "." stand together and none of ? " * | / > < : occurs. Shares and paths without a drive are refused.
+    /// Accepts a letter, ":", and then a path with at least one "\" and one "." in which neither two "\" nor
+    /// two "." stand together and none of ? " * | / > < : occurs. Shares and paths without a drive are
+    /// refused.
     void SetFileSpec(const std::string& spec);
     const std::string& GetFileSpec() const { return spec_; }
 

@@ -6,6 +6,7 @@
 #include "spatial/ShapeErrors.h"
 #include "spatial/ShapeReader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -17,6 +18,13 @@ namespace {
 /// it is missing.
 std::string ExistingFile(const CFileName& name) {
     return FindFile(FromFileSpec(name.GetFileSpec()));
+}
+
+void Delete(const std::string& path) {
+    std::error_code reason;
+    std::filesystem::remove(NativePath(path), reason);
+    if (reason)
+        RaiseCustomary(PermissionDenied, "", FileName(path) + " could not be deleted: " + reason.message());
 }
 
 void CheckHeader(const BinaryFile& file, const MainHeader& header, const char* kind) {
@@ -66,8 +74,7 @@ void CShapeFile::OpenFiles(std::int32_t status) {
             throw RunTimeError(ShapefileNotFound, "",
                                "The specified file " + fileName_.GetFileSpec() + " does not exist.");
         if (status == CREATEIT && !paths[k].empty()) {
-            std::error_code ignored;
-            std::filesystem::remove(NativePath(paths[k]), ignored);
+            Delete(paths[k]);
             paths[k].clear();
         }
         if (paths[k].empty()) paths[k] = FromFileSpec(fileName_.GetFileSpec());
@@ -82,11 +89,12 @@ void CShapeFile::ReadPair() {
     indexHeader_ = ReadMainHeader(indexFile_);
     CheckHeader(indexFile_, indexHeader_, "shx");
     mainHeader_ = ReadMainHeader(mainFile_);
-    const std::string place = "The main header of " + FileName(mainFile_.Path());
+    const double edges[] = {mainHeader_.XMin, mainHeader_.XMax, mainHeader_.YMax, mainHeader_.YMin};
+    const bool isFinite =
+        std::all_of(std::begin(edges), std::end(edges), [](double e) { return std::isfinite(e); });
+    if (isFinite) extent_.TakeEdges(edges[0], edges[1], edges[2], edges[3]);
     CheckHeader(mainFile_, mainHeader_, "shp");
-    for (const double edge : {mainHeader_.XMin, mainHeader_.XMax, mainHeader_.YMax, mainHeader_.YMin})
-        FiniteCoordinate(edge, place);
-    extent_.TakeEdges(mainHeader_.XMin, mainHeader_.XMax, mainHeader_.YMax, mainHeader_.YMin);
+    if (!isFinite) RaiseNotFinite("The main header of " + FileName(mainFile_.Path()));
     count_ = RecordCount(indexFile_, indexHeader_.FileLength);
     shapeType_ = mainHeader_.ShapeType;
 }

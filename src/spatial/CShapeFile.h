@@ -27,6 +27,8 @@ public:
     std::int32_t Count() const { return count_; }
     /// The shape type of the file: 1 points, 3 polylines, 5 polygons, 8 multipoints.
     std::int32_t FileType() const { return shapeType_; }
+    /// How many bytes the .shp has.
+    std::int64_t MainFileSize() const { return mainFile_.Size(); }
 
     /// Reads record `index`, from 1; nothing for a type that has no class, and for a point beyond the index.
     std::shared_ptr<IShape> Item(std::int32_t index);
@@ -35,8 +37,8 @@ public:
     /// deleting first. A new pair needs a shape type. The files are found regardless of the case of their
     /// names.
     /// Offsets 0x20C missing file, 0x20D missing type, 0x207 no valid file code; run-time errors 70 for a
-    /// write-protected file, 62 for a header that is cut off, 9 for a .shx whose header tells a negative
-    /// count, 6 for an extent that is not finite.
+    /// write-protected file or one that may not be deleted, 62 for a header that is cut off, 9 for a .shx
+    /// whose header tells a negative count, 6 for an extent that is not finite.
     void SetFileSpec(const CFileName& name, std::int32_t status,
                      std::optional<std::int32_t> shapeType = std::nullopt);
 

@@ -23,6 +23,7 @@ public:
 
     template <typename Shape>
     double Over(const Shape& shape) {
+        shape.Item(1); // an index error where there is no part
         std::vector<int> nearest;
         for (int p = 1; p <= shape.Count(); ++p)
             nearest.push_back(NearestVertex(shape.Item(p)));

@@ -54,11 +54,28 @@ void OpenTable() {
     ws.AttributeRowCount = ws.AttributeRecordset->RecordCount();
 }
 
-template <typename Shape>
-void TakeShapes(CShapeFile& file, Collection<Shape>& shapes) {
-    shapes.Clear();
+void TakePoints(CShapeFile& file) {
+    ws.ShpPoints.Clear();
     for (std::int32_t i = 1; i <= ws.NumRegion; ++i)
-        shapes.Add(std::static_pointer_cast<Shape>(file.Item(i)));
+        ws.ShpPoints.Add(std::static_pointer_cast<CPoint>(file.Item(i)));
+}
+
+void TakePolygons(CShapeFile& file) {
+    // Records that stand inside one another hold more vertices than the file has room for: they are refused,
+    // so that memory stays in proportion to the file.
+    constexpr std::int64_t vertexSize = 16;
+    std::int64_t room = file.MainFileSize() / vertexSize;
+    ws.ShpPolygons.Clear();
+    for (std::int32_t i = 1; i <= ws.NumRegion; ++i) {
+        const auto polygon = std::static_pointer_cast<CPolygon>(file.Item(i));
+        for (const CPart& part : *polygon)
+            room -= part.Count();
+        if (room < 0)
+            RaiseCustomary(InputPastEndOfFile, "LoadShapes",
+                           "record " + std::to_string(i) + " of " + ws.DatasetFileName->GetBaseName() +
+                               ".shp stands inside another: the file is too short for both.");
+        ws.ShpPolygons.Add(polygon);
+    }
 }
 
 void Load() {
@@ -68,10 +85,10 @@ void Load() {
     ws.NumRegion = file.Count();
     switch (file.FileType()) {
     case PointType:
-        TakeShapes(file, ws.ShpPoints);
+        TakePoints(file);
         break;
     case PolygonType:
-        TakeShapes(file, ws.ShpPolygons);
+        TakePolygons(file);
         break;
     case PolyLineType:
     case MultiPointType:

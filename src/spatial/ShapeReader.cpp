@@ -6,6 +6,7 @@
 #include "spatial/CMultiPoint.h"
 #include "spatial/CPolyLine.h"
 #include "spatial/CPolygon.h"
+#include "spatial/ErrorSource.h"
 #include "spatial/ShapeErrors.h"
 
 #include <algorithm>
@@ -41,6 +42,16 @@ void CheckParts(const std::vector<std::int32_t>& firsts, const std::string& plac
         RaiseCustomary(SubscriptOutOfRange, "CheckParts", place + " has part indexes that do not rise.");
 }
 
+/// Where an index record stands in the .shx.
+std::int64_t IndexPlace(std::int32_t index) {
+    return static_cast<std::int64_t>(MainHeaderSize) +
+           static_cast<std::int64_t>(RecordHeaderSize) * (std::int64_t{index} - 1);
+}
+
+std::string IndexRecord(std::int32_t index) {
+    return "index record " + std::to_string(index);
+}
+
 void CheckCount(std::int32_t count, const std::string& place) {
     if (count < 0) RaiseCustomary(SubscriptOutOfRange, "CheckCount", place + " has a negative count.");
 }
@@ -52,9 +63,15 @@ std::string ShapeReader::Record(std::int32_t index) const {
 }
 
 std::optional<RecordHeader> ShapeReader::FindOffset(std::int32_t index) {
-    const std::int64_t position = 101 + 8 * (std::int64_t{index} - 1);
-    if (position > 2 * std::int64_t{indexLength_} - 7) return std::nullopt;
-    return ReadRecordHeader(indexFile_, position - 1, "index record " + std::to_string(index));
+    const std::int64_t place = IndexPlace(index);
+    if (place + 1 > 2 * std::int64_t{indexLength_} - 7) return std::nullopt;
+    return WithSource("C_ShapeFile::FindOffset",
+                      [&] { return ReadRecordHeader(indexFile_, place, IndexRecord(index)); });
+}
+
+RecordHeader ShapeReader::GetRecordHeader(std::int64_t position, const std::string& what) {
+    return WithSource("C_ShapeFile::GetRecordHeader",
+                      [&] { return ReadRecordHeader(mainFile_, position, what); });
 }
 
 /// Where the contents of a record start, behind all checks that the types have in common.
@@ -66,7 +83,7 @@ std::optional<std::int64_t> ShapeReader::ContentsOf(std::int32_t index, const So
         throw RunTimeError(OffsetBeyondFile, sources.Beyond,
                            "The offset read from index file is larger then the mainfile size");
     const std::int64_t start = 2 * std::int64_t{offset->Number};
-    if (ReadRecordHeader(mainFile_, start, place_).Number != index)
+    if (GetRecordHeader(start, place_).Number != index)
         throw RunTimeError(RecordMismatch, sources.Mismatch, "Index Record does not match main file Record");
     const std::int64_t contents = start + static_cast<std::int64_t>(RecordHeaderSize);
     char type[TypeSize];
@@ -135,9 +152,14 @@ std::shared_ptr<IShape> ShapeReader::ReadPoint(std::int32_t index) {
     return std::make_shared<CPoint>(PointAt(ReadPoints(*contents, TypeSize, 1), place_));
 }
 
-std::shared_ptr<IShape> ShapeReader::ReadMultiPoint(std::int32_t) {
+std::shared_ptr<IShape> ShapeReader::ReadMultiPoint(std::int32_t index) {
     const std::int64_t contents = *ContentsOf(
         0, {"C_ShapeFile::ReadMultiPoint", "CShape_IO::ReadMultiPoint", "C_ShapeFile::ReadPolys"});
+    // The place of index 0 is always there. That of the index itself has to be too, or a count without bound
+    // would read the same record again and again.
+    if (IndexPlace(index) >= indexFile_.Size())
+        RaiseCustomary(InputPastEndOfFile, "ShapeReader",
+                       FileName(indexFile_.Path()) + " ends before " + IndexRecord(index) + " does.");
     char head[MultiPointsPlace];
     mainFile_.Read(contents, head, sizeof head, place_);
     const auto pointCount = NumberAt<std::int32_t>(head + TypeSize + BoxSize);

@@ -28,11 +28,15 @@ public:
     std::shared_ptr<IShape> ReadPolyLine(std::int32_t index);
     std::shared_ptr<IShape> ReadPolygon(std::int32_t index);
     /// Looks up index 0, which lies inside the main header of the .shx, and compares the record number with
-    /// 0; meant so. An ordinary file of multipoints fails with offset 0x205.
+    /// 0; meant so. An ordinary file of multipoints fails with offset 0x205. Run-time error 62 for an index
+    /// that the .shx does not hold.
     std::shared_ptr<IShape> ReadMultiPoint(std::int32_t index);
 
     /// The index record; nothing where its place is not inside the index as its header tells it.
     std::optional<RecordHeader> FindOffset(std::int32_t index);
+
+    /// The record header at a position of the .shp, counted from 0; `what` names the record.
+    RecordHeader GetRecordHeader(std::int64_t position, const std::string& what);
 
 private:
     struct Sources {

@@ -54,9 +54,12 @@ std::string Bytes(const RecordHeader& header) {
     return bytes;
 }
 
+void RaiseNotFinite(const std::string& place) {
+    RaiseCustomary(Overflow, "FiniteCoordinate", place + " holds a coordinate that is not finite.");
+}
+
 double FiniteCoordinate(double value, const std::string& place) {
-    if (!std::isfinite(value))
-        RaiseCustomary(Overflow, "FiniteCoordinate", place + " holds a coordinate that is not finite.");
+    if (!std::isfinite(value)) RaiseNotFinite(place);
     return value;
 }
 

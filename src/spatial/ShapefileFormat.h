@@ -55,6 +55,7 @@ RecordHeader ReadRecordHeader(BinaryFile& file, std::int64_t position, const std
 std::string Bytes(const RecordHeader& header);
 
 /// Refuses a coordinate that is not finite: run-time error 6 whose description names the place.
+[[noreturn]] void RaiseNotFinite(const std::string& place);
 double FiniteCoordinate(double value, const std::string& place);
 
 } // namespace vastrel

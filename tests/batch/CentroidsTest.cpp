@@ -90,14 +90,25 @@ TEST(CentroidsCommand, StopsAtAFaultAndLeavesTheFile) {
     EXPECT_EQ(ReadFile(out), "older");
 }
 
-TEST(CentroidsCommand, StopsAtAFileOfPoints) {
+TEST(CentroidsCommand, StopsAtShapesThatAreNoPolygons) {
     const TemporaryFolder folder;
-    ShapefileBytes bytes(1);
-    bytes.Add(PointContents(1, 2));
-    folder.Write("points.dbf", TableBytes({{"ID", 'N', 5}}, {{"    1"}}));
-    const auto result = RunBatch({"centroids", bytes.WritePair(folder, "points"), "--out", "-"});
-    EXPECT_EQ(result.Status, 4);
-    EXPECT_EQ(result.Errors.find("Run-time error '9':"), 0u) << result;
+    folder.Write("other.dbf", TableBytes({{"ID", 'N', 5}}, {{"    1"}}));
+    const auto of = [&](int type, const std::string& contents) {
+        ShapefileBytes bytes(type);
+        bytes.Add(contents);
+        return RunBatch({"centroids", bytes.WritePair(folder, "other"), "--out", "-"});
+    };
+    const std::pair<BatchResult, const char*> cases[] = {
+        {of(1, PointContents(1, 2)), "Run-time error '9':"}, // there are no polygons to compute with
+        {of(3, PolygonContents({{{0, 0}, {1, 2}}}, 3)), "Run-time error '9':"},
+        {of(8, MultiPointContents({{1, 2}})),
+         "Run-time error '-2147220987 (80040205)':\n\nIndex Record does not match main file Record"},
+        {of(15, PolygonContents({{{0, 0}, {1, 2}}}, 15)), "Run-time error '9999':\n\nUnsupported shape type"},
+    };
+    for (const auto& [result, errors] : cases) {
+        EXPECT_EQ(result.Status, 4) << result;
+        EXPECT_EQ(result.Errors.find(errors), 0u) << result;
+    }
 }
 
 TEST(CentroidsCommand, TellsWrongUse) {

@@ -22,11 +22,14 @@ using Index = std::ptrdiff_t;
 
 // ---- Values
 
-enum class Values { Moderate, Wide, Zeros, Faulting };
-constexpr Values AllValues[] = {Values::Moderate, Values::Wide, Values::Zeros, Values::Faulting};
+enum class Values { Moderate, Wide, Zeros, Faint, Faulting };
+constexpr Values AllValues[] = {Values::Moderate, Values::Wide, Values::Zeros, Values::Faint,
+                                Values::Faulting};
 
 /// Draws the values of one kind: moderate ones; magnitudes from 1e-300 to 1e300, whose products overflow and
-/// underflow; zeros of both signs among small numbers; infinities among wide ones.
+/// underflow; zeros of both signs among small numbers; numbers whose products lie around the smallest ones
+/// that there are, many of them halfway between two, with zeros and ordinary numbers among them; infinities
+/// among wide ones.
 class Draw {
 public:
     Draw(Values kind, unsigned seed) : kind_(kind), random_(seed) {}
@@ -40,6 +43,8 @@ public:
         case Values::Zeros:
             return std::abs(uniform_(random_)) < 0.7 ? std::copysign(0.0, uniform_(random_))
                                                      : uniform_(random_);
+        case Values::Faint:
+            return Faint();
         case Values::Faulting:
             break;
         }
@@ -49,6 +54,13 @@ public:
     }
 
 private:
+    double Faint() {
+        const double digits = std::floor(uniform_(random_) * 64) * (uniform_(random_) < 0 ? 1 : 1 + 0x1p-50);
+        const double kind = uniform_(random_);
+        if (kind < -0.8)
+            return std::ldexp(digits, -1074 + static_cast<int>(40 * std::abs(uniform_(random_))));
+        return kind < 0.6 ? std::ldexp(digits, -540 + static_cast<int>(30 * uniform_(random_))) : digits;
+    }
     double Wide() { return std::copysign(std::pow(10.0, 300 * uniform_(random_)), uniform_(random_)); }
 
     Values kind_;
@@ -88,14 +100,14 @@ struct Matrix {
 
 struct Outcome {
     Matrix Result;
-    int Flags;
+    int Flags; // those of faults
 };
 
 Outcome Computed(Index rows, Index columns, const std::function<void(double*, Index)>& compute) {
     Outcome outcome{Matrix(rows, columns), 0};
     std::feclearexcept(FE_ALL_EXCEPT);
     compute(outcome.Result.Data(), outcome.Result.Stride);
-    outcome.Flags = std::fetestexcept(FE_ALL_EXCEPT);
+    outcome.Flags = std::fetestexcept(FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW);
     std::feclearexcept(FE_ALL_EXCEPT);
     return outcome;
 }

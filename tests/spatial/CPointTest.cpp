@@ -114,6 +114,7 @@ TEST(CPointDistance, StopsAtVerticesThatDoNotExist) {
               SubscriptOutOfRange);
     EXPECT_EQ(ErrorNumberOf([&] { far.Distance(ShapeOf<CPolyLine>({{{0, 0}}})); }), SubscriptOutOfRange);
     EXPECT_EQ(ErrorNumberOf([&] { far.Distance(ShapeOf<CPolyLine>({{}})); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { far.Distance(CPolygon()); }), SubscriptOutOfRange);
 }
 
 TEST(CPointDistance, StopsAtASegmentOfNoLength) {

@@ -1,19 +1,20 @@
 #include "spatial/CShapeFile.h"
 
 #include "platform/FileSpec.h"
+#include "platform/RunTimeError.h"
 #include "spatial/CMultiPoint.h"
 #include "spatial/CPolyLine.h"
 #include "spatial/CPolygon.h"
 #include "spatial/ShapeErrors.h"
 #include "spatial/ShapeReader.h"
+#include "support/OrdinaryUser.h"
 #include "support/RaisedError.h"
 #include "support/ShapefileBytes.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace vastrel;
 
@@ -128,6 +129,23 @@ TEST(CShapeFile, ReadsAMultipointWhoseHeaderPointsToRecordZero) {
     EXPECT_EQ(As<CMultiPoint>(file.Item(1)).Item(2).Y, 4);
 }
 
+TEST(CShapeFile, ReadsNoMoreMultipointsThanTheIndexHolds) {
+    // Each lookup ends at the same place, so that the header's count alone would go on for ever.
+    const TemporaryFolder folder;
+    ShapefileBytes bytes(8);
+    bytes.Add(MultiPointContents({{1, 2}, {3, 4}}));
+    const std::string path = folder.Write("multi.shp", Replaced(bytes.Shp(), 100, BigInteger(0)));
+    folder.Write("multi.shx",
+                 Replaced(Replaced(bytes.Shx(), 92, BigInteger(50)), 24, BigInteger(2000000000)));
+    CShapeFile file;
+    Open(file, path);
+    EXPECT_TRUE(file.Item(1));
+    const auto error = ErrorOf([&] { file.Item(2); });
+    EXPECT_EQ(error.Number, InputPastEndOfFile);
+    EXPECT_NE(error.Description.find("multi.shx ends before index record 2 does."), std::string::npos)
+        << error;
+}
+
 TEST(CShapeFile, GivesNothingForOtherTypes) {
     const TemporaryFolder folder;
     for (const int type : {0, 2, 4, 6, 7, 9, 15}) {
@@ -181,6 +199,20 @@ TEST(CShapeFile, LooksAtTheCodeOfTheIndexFirst) {
     EXPECT_EQ(error.Description, "The shp file has an invalid shape code in the main header.");
 }
 
+TEST(CShapeFile, TakesTheExtentBeforeItLooksAtTheCode) {
+    const TemporaryFolder folder;
+    const ShapefileBytes bytes = TwoPolygons();
+    const std::string path = folder.Write("bad.shp", Replaced(bytes.Shp(), 0, BigInteger(1)));
+    folder.Write("bad.shx", bytes.Shx());
+    CShapeFile file;
+    EXPECT_EQ(ErrorNumberOf([&] { Open(file, path); }), InvalidFileCode);
+    EXPECT_EQ(file.Right(), 30);
+    EXPECT_EQ(file.Count(), 0); // what comes behind the code is not reached
+    folder.Write("bad.shp", Replaced(ReadFile(path), 52, LittleDouble(std::nan(""))));
+    EXPECT_EQ(ErrorNumberOf([&] { Open(file, path); }), InvalidFileCode); // of two faults the first
+    EXPECT_EQ(file.Right(), 30);
+}
+
 TEST(CShapeFile, FindsThePairRegardlessOfCase) {
     const TemporaryFolder folder;
     folder.Write("NC.SHP", TwoPolygons().Shp());
@@ -217,30 +249,21 @@ TEST(ShapeReader, RaisesEachErrorWithTheSourceOfItsOperation) {
     check(ErrorOf([&] { reader.ReadMultiPoint(1); }), RecordMismatch, "CShape_IO::ReadMultiPoint");
     ShapeReader shortReader(shp, shx, 5, 46); // an index that ends before its header does
     check(ErrorOf([&] { shortReader.ReadMultiPoint(1); }), OffsetBeyondFile, "C_ShapeFile::ReadMultiPoint");
+    ShapeReader longReader(shp, shx, 5, (100 + 9 * 8) / 2); // an index that tells more than it holds
+    check(ErrorOf([&] { longReader.ReadPolygon(9); }), InputPastEndOfFile, "C_ShapeFile::FindOffset");
+    check(ErrorOf([&] { longReader.GetRecordHeader(shp.Size(), "record 4"); }), InputPastEndOfFile,
+          "C_ShapeFile::GetRecordHeader");
 }
 
 TEST(CShapeFile, CannotOpenAWriteProtectedPair) {
     const TemporaryFolder folder;
     const std::string path = TwoPolygons().WritePair(folder, "fixed");
-    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0755));
     for (const auto& file : {path, folder / "fixed.shx"})
         std::filesystem::permissions(file, std::filesystem::perms(0444));
-    const auto open = [&] {
+    ExpectOfAnOrdinaryUser(folder, [&] {
         CShapeFile file;
-        return ErrorNumberOf([&] { Open(file, path); });
-    };
-    if (geteuid() != 0) {
-        EXPECT_EQ(open(), PermissionDenied);
-        return;
-    }
-    const pid_t child = fork(); // the superuser is refused nothing: an ordinary user tries
-    if (child == 0) {
-        constexpr uid_t nobody = 65534;
-        if (setgid(nobody) != 0 || setuid(nobody) != 0) _exit(255);
-        _exit(open() == PermissionDenied ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    if (WIFEXITED(status) && WEXITSTATUS(status) == 255) GTEST_SKIP() << "cannot become an ordinary user";
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+        const auto error = ErrorOf([&] { Open(file, path); });
+        return error.Number == PermissionDenied &&
+               error.Description.find("fixed.shx is write-protected") != std::string::npos;
+    });
 }

@@ -68,6 +68,26 @@ TEST(CentroidFile, IsWrittenByTheCommand) {
               std::string(Header) + "  1,          2.000000,          3.000000\r\n");
 }
 
+TEST(CentroidFile, StaysAsItIsWhereTheLinesAreTooMany) {
+    const TemporaryFolder folder;
+    ScriptedPlatform platform;
+    AddSquare();
+    for (ws.NumRegion = 1; ws.NumRegion < 32768; ++ws.NumRegion)
+        ws.ShpPolygons.Add(ws.ShpPolygons.Item(1));
+    platform.ExpectFile(FileQuestion::Kind::Save, CentroidFilter, folder.Write("c.txt", "older"));
+    EXPECT_EQ(ErrorNumberOf(mnuGetCentroid), Overflow);
+    EXPECT_EQ(ReadFile(folder / "c.txt"), "older");
+}
+
+TEST(CentroidFile, StopsWhereItCannotBeWritten) {
+    const TemporaryFolder folder;
+    ScriptedPlatform platform;
+    AddSquare();
+    std::filesystem::create_directory(folder / "c.txt");
+    platform.ExpectFile(FileQuestion::Kind::Save, CentroidFilter, folder / "c.txt");
+    EXPECT_EQ(ErrorNumberOf(mnuGetCentroid), PathFileAccessError);
+}
+
 TEST(CentroidFile, IsNotWrittenAfterACancel) {
     const TemporaryFolder folder;
     ScriptedPlatform platform;

@@ -67,8 +67,15 @@ TEST(DbaseTable, EndsAsTheTableSays) {
         {"name of a column without an end", with(Column1, "ABCDEFGHIJK"), 0},
     };
     const TemporaryFolder folder;
-    for (const auto& [what, bytes, number] : cases)
-        EXPECT_EQ(ReadAll(folder, bytes).Number, number) << what;
+    for (const auto& [what, bytes, number] : cases) {
+        const auto error = ReadAll(folder, bytes);
+        EXPECT_EQ(error.Number, number) << what;
+        if (number == 0) continue;
+        EXPECT_NE(error.Description.find("The attribute table " + (folder / "t.dbf")), std::string::npos)
+            << what << ": " << error;
+        EXPECT_NE(error.Description.find("Restore the file from its source."), std::string::npos)
+            << what << ": " << error;
+    }
 }
 
 TEST(DbaseTable, EndsAtEveryLengthOfTheFile) {
@@ -90,11 +97,11 @@ TEST(DbaseTable, TellsAPersonWhichFileAndWhatToDo) {
     const TemporaryFolder folder;
     auto error = ErrorOf([&] { Recordset(folder / "nc.dbf"); });
     EXPECT_EQ(error.Number, FileNotFound);
-    EXPECT_EQ(error.Description,
-              "File not found\nThe attribute table " + (folder / "nc.dbf") +
-                  " was not found. Its name is the path of the shapefile up to the first \".\", plus "
-                  "\".dbf\". Put the "
-                  "table there, or move the files to a folder without a \".\" in its path.");
+    EXPECT_EQ(
+        error.Description,
+        "File not found\nThe attribute table " + (folder / "nc.dbf") +
+            " was not found. Its name is the path of the shapefile up to the first \".\", plus \".dbf\". "
+            "Put the table there, or move the files to a folder without a \".\" in its path.");
     error = ReadAll(folder, Replaced(Sound, RowCount, LittleInteger(9)));
     EXPECT_EQ(error.Description,
               "Input past end of file\nThe attribute table " + (folder / "t.dbf") +

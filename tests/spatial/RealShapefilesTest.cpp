@@ -39,7 +39,21 @@ const Dataset Datasets[] = {
     {"scotlip/scotlip", 56, 0, 0, 0, 0, {{"CANCER", 536}, {"CEXP", 536.01}, {"POP", 14979894}}},
     {"colmunic/colmunic", 1068, 18, 0, 87955, 0, {{"MALARI98", 185490}, {"TP1998", 40541272}}},
     {"measles/msl_we", 17, 5, 0, 0, 111, {{"Y2001", 504}, {"Y2002", 779}, {"POP", 2465229}}},
-    {"imd_de/imd_de", 413, 8, 23, 0, 0, {{"IMD", 636}, {"IMD02", 106}, {"IMD08", 86}}},
+    {"imd_de/imd_de",
+     413,
+     8,
+     23,
+     0,
+     0,
+     {{"IMD", 636},
+      {"EXPECTED", 636},
+      {"IMD02", 106},
+      {"IMD03", 89},
+      {"IMD04", 98},
+      {"IMD05", 95},
+      {"IMD06", 92},
+      {"IMD07", 70},
+      {"IMD08", 86}}},
 };
 
 /// Area and centroid of a ring in long double, over the triangles that its edges make with its first vertex.
@@ -77,6 +91,18 @@ RingFacts ExpectedOf(const CPolygon& polygon) {
         sum.Y -= facts.Y * facts.Area;
     }
     return {std::fabs(net), sum.X / std::fabs(net), sum.Y / std::fabs(net)};
+}
+
+/// The polygon with all its rings in the other direction.
+CPolygon TurnedRound(const CPolygon& polygon) {
+    CPolygon turned;
+    for (const CPart& ring : polygon) {
+        CPart other;
+        for (int k = ring.Count(); k >= 1; --k)
+            other.Add(ring.Item(k));
+        turned.Add(std::move(other));
+    }
+    return turned;
 }
 
 class RealShapefiles : public ::testing::TestWithParam<Dataset> {
@@ -154,6 +180,25 @@ TEST_P(RealShapefiles, HasTheAreasAndCentroidsOfAnotherComputation) {
         near(ws.RegionCentroid(i).Y, expected.Y);
     }
     EXPECT_NEAR(ws.TotalShapeArea / static_cast<double>(total), 1, 1e-10);
+}
+
+TEST_P(RealShapefiles, HasNegatedCentroidsWithItsRingsTheOtherWay) {
+    const Array1<RegionPoint> before = ws.RegionCentroid;
+    const double area = ws.TotalShapeArea;
+    Collection<CPolygon> turned;
+    for (const auto& polygon : ws.ShpPolygons)
+        turned.Add(std::make_shared<CPolygon>(TurnedRound(*polygon)));
+    ws.ShpPolygons = turned;
+    ComputeShapeAreas();
+    ComputeCentroids();
+    EXPECT_NEAR(ws.TotalShapeArea / area, 1, 1e-10);
+    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i) {
+        const auto near = [&](double value, double wanted) {
+            EXPECT_NEAR(value, wanted, 1e-7 * (1 + std::fabs(wanted))) << i;
+        };
+        near(ws.RegionCentroid(i).X, -before(i).X);
+        near(ws.RegionCentroid(i).Y, -before(i).Y);
+    }
 }
 
 TEST_P(RealShapefiles, HoldsItsCentroidsInsideTheExtent) {

@@ -41,8 +41,7 @@ void ExpectChoice(ScriptedPlatform& platform, const std::string& path) {
 std::string NotFound(const std::string& table) {
     return "File not found\nThe attribute table " + table +
            " was not found. Its name is the path of the shapefile up to the first \".\", plus \".dbf\". Put "
-           "the "
-           "table there, or move the files to a folder without a \".\" in its path.";
+           "the table there, or move the files to a folder without a \".\" in its path.";
 }
 
 class ShapeDataset : public ::testing::Test {
@@ -137,6 +136,36 @@ TEST_F(ShapeDataset, CutsAPathAtAPointInAFolder) {
     EXPECT_EQ(ws.DbfFilePath, folder / "data.dbf");
     EXPECT_EQ(ws.AttributeRecordset, before); // the table of before stays
     EXPECT_EQ(ws.AttributeRowCount, 77);
+}
+
+TEST_F(ShapeDataset, CutsTheNameOfTheTableOutOfTheDirectory) {
+    // The path up to its first "." is ".../xnc", which ends with the table's name: the directory is ".../x".
+    std::filesystem::create_directory(folder / "xnc.v2");
+    std::filesystem::create_directory(folder / "x");
+    Choose(Polygons(1).WritePair(folder, "xnc.v2/nc"));
+    folder.Write("x/nc.dbf", TableOf(3));
+    EXPECT_TRUE(OpenShapeAttributes());
+    EXPECT_EQ(ws.DbfFilePath, folder / "xnc.dbf");
+    EXPECT_EQ(ws.DbfDirectory, folder / "x");
+    EXPECT_EQ(ws.AttributeRowCount, 3);
+}
+
+TEST_F(ShapeDataset, TellsWhyATableCannotBeReadAndKeepsTheOneOfBefore) {
+    folder.Write("a.dbf", TableOf(1));
+    Choose(Polygons(1).WritePair(folder, "a"));
+    OpenShapeAttributes();
+    const auto before = ws.AttributeRecordset;
+    Choose(Polygons(2).WritePair(folder, "b"));
+    folder.Write("b.dbf", TableOf(2).substr(0, 70));
+    platform.ExpectMessage(
+        "Input past end of file\nThe attribute table " + (folder / "b.dbf") +
+            " is cut off: its header tells 2 rows, and there are 0. Restore the file from its "
+            "source.",
+        "Vastrel", Message::Icon::Plain);
+    EXPECT_TRUE(OpenShapeAttributes());
+    EXPECT_EQ(ws.AttributeRecordset, before);
+    EXPECT_EQ(ws.AttributeRowCount, 1);
+    EXPECT_EQ(ws.DbfTableName, "b.dbf");
 }
 
 TEST_F(ShapeDataset, GoesOnWithoutATable) {
@@ -269,10 +298,29 @@ TEST_F(ShapeDataset, KeepsTheCollectionOfTheOtherKind) {
 
 TEST_F(ShapeDataset, EndsTheProcessForAnUnsupportedType) {
     folder.Write("nc.dbf", TableOf(1));
-    OpenShapeAttributes({ShapefileBytes(15).WritePair(folder, "nc"), "nc.shp", false});
+    ShapefileBytes bytes(15);
+    bytes.Add(PointContents(1, 2));
+    bytes.Add(PointContents(3, 4));
+    OpenShapeAttributes({bytes.WritePair(folder, "nc"), "nc.shp", false});
     const auto error = ErrorOf(LoadShapes);
     EXPECT_EQ(error.Number, 9999);
     EXPECT_EQ(error.Source, "button click");
     EXPECT_EQ(error.Description, "Unsupported shape type");
     EXPECT_TRUE(error.EndsProcess);
+    EXPECT_EQ(ws.NumRegion, 2); // that of the file, which is told before its type
+    EXPECT_EQ(ws.ShpPolygons.Count() + ws.ShpPoints.Count(), 0);
+    EXPECT_TRUE(ws.DatasetFileName);
+}
+
+TEST_F(ShapeDataset, TakesNothingForAPointBeyondTheIndex) {
+    // A length in the middle of the first index record: one record by rounding, and none by its place.
+    ShapefileBytes points(1);
+    points.Add(PointContents(3, 4));
+    ws.DatasetFileName = std::make_shared<CFileName>();
+    ws.DatasetFileName->SetFileSpec(ToFileSpec(points.WritePair(folder, "nc")));
+    folder.Write("nc.shx", Replaced(points.Shx(), 24, BigInteger(53)));
+    LoadShapes();
+    EXPECT_EQ(ws.NumRegion, 1);
+    ASSERT_EQ(ws.ShpPoints.Count(), 1);
+    EXPECT_FALSE(ws.ShpPoints.Item(1));
 }

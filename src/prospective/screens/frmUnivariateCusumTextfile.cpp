@@ -187,7 +187,8 @@ void frmUnivariateCusumTextfile::AddPeriodRowTextfile(std::ptrdiff_t t) {
 
 void frmUnivariateCusumTextfile::DrawCusumPoints(std::ptrdiff_t period) {
     currentPeriod_ = period;
-    map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, watch_.N, period, ws.HValue);
+    const std::ptrdiff_t points = Start() == StartOption::None ? 0 : watch_.N; // none without an option
+    map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, points, period, ws.HValue);
 }
 
 void frmUnivariateCusumTextfile::PeriodSelected() {
@@ -218,11 +219,15 @@ std::vector<std::string> frmUnivariateCusumTextfile::CusumLines() {
     return CusumFileLines(Results().Cusum, watch_.N, watch_.PeriodCount(Start()));
 }
 
-/// A Region that signals is selected in the list, whose click marks it; the chart of another one is shown.
+/// A Region that signals in the period on show is selected in the list, whose click marks it. The chart is
+/// shown of another one, and where the list has been emptied or belongs to a period picked before.
 void frmUnivariateCusumTextfile::IdentifyRegion(std::ptrdiff_t region) {
-    const auto row = std::find(signaledRegions_.begin(), signaledRegions_.end(), region);
-    if (row == signaledRegions_.end()) return ShowRegion(region, currentPeriod_);
-    ui_->lstRegion->SetListIndex(static_cast<int>(row - signaledRegions_.begin()));
+    const auto place = std::find(signaledRegions_.begin(), signaledRegions_.end(), region);
+    const auto row = static_cast<int>(place - signaledRegions_.begin());
+    if (selectedPointPeriod_ == currentPeriod_ && row < ui_->lstRegion->ListCount())
+        ui_->lstRegion->SetListIndex(row);
+    else
+        ShowRegion(region, currentPeriod_);
 }
 
 } // namespace vastrel

@@ -210,6 +210,33 @@ TEST_F(WatchToolsTest, IdentifiesInThePeriodOnShowAndOfAContinuedRun) {
     EXPECT_EQ(Text(Screen, "lblEachRegionInfo"), "C in 6: ---> 0.25");
 }
 
+// The list of signals belongs to the period picked last: a run that plays has emptied it, or shows another
+// period.
+TEST_F(WatchToolsTest, ShowsTheChartWhereTheListIsNotOfThePeriodOnShow) {
+    RunFromStart(); // period 4 is picked, in which A signals
+    Tool("optIdentify");
+    Script.AtYield(4, [this] { // period 3 is on show
+        Click(Plot(1));
+        EXPECT_TRUE(IsShown(Screen, "MSChart2"));
+        EXPECT_EQ(Text(Screen, "lblEachRegionInfo"), "A in 3: ---> 2.00");
+        EXPECT_EQ(Display(), "Selected Region: A");
+    });
+    Run();
+
+    Script.AtYield(3, [this] { Periods()->SetListIndex(3); }); // period 2: A and C signal
+    Script.AtYield(4, [this] {
+        EXPECT_EQ(Regions()->ListCount(), 2);
+        Click(Plot(1));
+        EXPECT_EQ(Regions()->ListIndex(), -1);
+        EXPECT_EQ(Text(Screen, "lblEachRegionInfo"), "A in 3: ---> 2.00");
+    });
+    Run();
+
+    Periods()->SetListIndex(0); // a title row empties the list, and period 4 stays on show
+    Click(Plot(1));
+    EXPECT_EQ(Text(Screen, "lblEachRegionInfo"), "A in 4: ---> 4.50");
+}
+
 TEST_F(WatchToolsTest, SelectsThePointsInsideACircle) {
     RunFromStart();
     Tool("optMeasureDistance");
@@ -261,6 +288,20 @@ TEST_F(WatchToolsTest, IsQuietWhereTheMapHasNoScale) {
     Tool("optMeasureDistance");
     Hand.Drag(100, 100, 30, 0);
     EXPECT_EQ(Display(), "");
+}
+
+TEST_F(WatchToolsTest, DrawsNoPointsWhereNoStartOptionIsSet) {
+    RunFromStart();
+    auto* zero = The_<OptionButton>(Screen, "optZero");
+    zero->setAutoExclusive(false); // a group of options that has none cannot come about by the mouse
+    zero->setChecked(false);
+    Tool("optZoomOut");
+    Click({50, 60});
+    QImage white = picPoint.Picture();
+    white.fill(Qt::white);
+    EXPECT_EQ(picPoint.Picture(), white);
+    zero->setChecked(true);
+    zero->setAutoExclusive(true);
 }
 
 TEST_F(WatchToolsTest, ActsInsideTheWaitOfAFrame) {

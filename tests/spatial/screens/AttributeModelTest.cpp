@@ -8,8 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 using namespace vastrel;
 
 namespace {
@@ -20,6 +18,16 @@ std::string Shown(const AttributeModel& model, int row, int column) {
 std::string Head(const AttributeModel& model, int section, Qt::Orientation orientation) {
     return model.headerData(section, orientation, Qt::DisplayRole).toString().toStdString();
 }
+
+/// Counts the texts that a grid asks for.
+class CountingModel : public AttributeModel {
+public:
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::DisplayRole) ++Reads;
+        return AttributeModel::data(index, role);
+    }
+    mutable int Reads = 0;
+};
 
 } // namespace
 
@@ -68,22 +76,22 @@ TEST(AttributeModel, ShowsWhyAValueCannotBeRead) {
     EXPECT_EQ(Shown(model, 0, 0), "Overflow");
 }
 
-TEST(AttributeModel, ShowsALargeTableAtOnce) {
+TEST(AttributeModel, ReadsNoMoreOfALargeTableThanIsSeen) {
     const TemporaryFolder folder;
+    constexpr int rows = 5000, columnCount = 100;
     std::vector<TableColumn> columns;
-    for (int k = 0; k < 100; ++k)
+    for (int k = 0; k < columnCount; ++k)
         columns.push_back({"C" + std::to_string(k), 'N', 8, 2});
-    const std::vector<std::string> row(100, "12345.67");
-    OpenTable(folder, columns, std::vector<std::vector<std::string>>(5000, row), 5000);
-    const auto start = std::chrono::steady_clock::now();
-    AttributeModel model;
+    const std::vector<std::string> row(columnCount, "12345.67");
+    OpenTable(folder, columns, std::vector<std::vector<std::string>>(rows, row), rows);
+    CountingModel model;
     QTableView grid;
     grid.setModel(&model);
     model.Show(ws.AttributeRecordset);
     grid.resize(640, 340);
     grid.show();
     grid.grab();
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    EXPECT_LT(time.count(), 0.25);
-    EXPECT_EQ(Shown(model, 4999, 99), "12345.67");
+    EXPECT_GT(model.Reads, 0);
+    EXPECT_LT(model.Reads, rows); // one percent of the cells
+    EXPECT_EQ(Shown(model, rows - 1, columnCount - 1), "12345.67");
 }

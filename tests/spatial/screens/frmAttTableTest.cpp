@@ -7,8 +7,6 @@
 
 #include <QTableView>
 
-#include <chrono>
-
 using namespace vastrel;
 
 namespace {
@@ -59,12 +57,14 @@ TEST_F(AttTableTest, LoadsInTheBackgroundAndIsFilledAtEachOpen) {
     EXPECT_EQ(Cell(0, 0), "7");
 }
 
-TEST_F(AttTableTest, StaysEmptyWithoutATable) {
+TEST_F(AttTableTest, StaysEmptyWithoutAPathOfATable) {
+    OpenAs("x.dbf", {{"KEY", 'C', 4}}, {{"a"}, {"b"}});
     ws.DbfFilePath = "   ";
-    ws.DbfTableName = "x.dbf";
+    AttributeTable().MoveNext();
     Grid.TakeTable();
     EXPECT_EQ(Cells()->model()->rowCount(), 0);
     EXPECT_EQ(Grid.windowTitle(), "x.dbf");
+    EXPECT_EQ(CurrentText("KEY"), "a"); // rewound all the same
 }
 
 TEST_F(AttTableTest, TellsWhyItCannotBeFilled) {
@@ -78,26 +78,23 @@ TEST_F(AttTableTest, TellsWhyItCannotBeFilled) {
     EXPECT_EQ(Cells()->model()->rowCount(), 0);
 }
 
+TEST_F(AttTableTest, ShowsEveryNameOnOneLine) {
+    const std::string longName = "Altenkirchen (Westerwald)";
+    std::vector<std::vector<std::string>> rows(400, {"Trier", "1"});
+    rows[399][0] = longName;
+    OpenAs("t.dbf", {{"NAME", 'C', 40}, {"POP", 'N', 6}}, rows);
+    Grid.Show();
+    const auto* cells = Cells();
+    EXPECT_GT(cells->columnWidth(0),
+              cells->fontMetrics().horizontalAdvance(QString::fromStdString(longName)));
+    EXPECT_FALSE(cells->wordWrap());
+}
+
 TEST_F(AttTableTest, FollowsItsWindow) {
     OpenAs("t.dbf", {{"KEY", 'C', 4}}, {{"a"}});
     Grid.Show();
     Grid.Frame()->resize(800, 500);
     EXPECT_EQ(Cells()->size(), Grid.size());
-}
-
-TEST_F(AttTableTest, OpensALargeTableAtOnce) {
-    std::vector<TableColumn> columns;
-    for (int k = 0; k < 100; ++k)
-        columns.push_back({"C" + std::to_string(k), 'N', 8, 2});
-    const std::vector<std::string> row(100, "12345.67");
-    OpenAs("large.dbf", columns, std::vector<std::vector<std::string>>(5000, row));
-    const auto start = std::chrono::steady_clock::now();
-    Grid.TakeTable();
-    Grid.Show();
-    Grid.grab();
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    EXPECT_LT(time.count(), 0.25);
-    EXPECT_EQ(Cell(4999, 99), "12345.67");
 }
 
 TEST_F(AttTableTest, ShowsTheNamesOfTheGermanDistricts) {
@@ -115,4 +112,6 @@ TEST_F(AttTableTest, ShowsTheNamesOfTheGermanDistricts) {
     Shot(Grid, "table-imd");
     Grid.Frame()->resize(1000, 600);
     Shot(Grid, "table-imd-large");
+    Cells()->scrollTo(Cells()->model()->index(150, 19)); // the columns with nulls
+    Shot(Grid, "table-imd-nulls");
 }

@@ -1,0 +1,160 @@
+// What an analyst waits for at the screen: a map that is painted again, files that are opened, long lists and
+// the attribute table.
+#include "Register.h"
+#include "display/PolygonMap.h"
+#include "display/PolygonPainter.h"
+#include "display/qt/PaintedSurface.h"
+#include "display/qt/PictureFiles.h"
+#include "platform/Platform.h"
+#include "platform/qt/ListBox.h"
+#include "spatial/ShapeDataset.h"
+#include "spatial/screens/frmAttTable.h"
+#include "support/AttributeData.h"
+#include "workspace/Workspace.h"
+
+#include <QApplication>
+#include <QImage>
+
+#include <cmath>
+
+using namespace vastrel;
+
+namespace {
+
+/// A surface that takes the time of the toolkit out of a picture.
+class NullSurface : public PlotSurface {
+public:
+    SurfaceSize Size() const override { return PolygonMapSurface(); }
+    void Erase() override {}
+    void SetLineWidth(int) override {}
+    void SetPen(Colour) override {}
+    void SetFillStyle(FillStyle) override {}
+    void SetFill(Colour) override {}
+    void Polygon(const std::vector<PlotPoint>& corners) override { benchmark::DoNotOptimize(corners.data()); }
+    void Circle(double, double, double, Colour) override {}
+    void Box(double, double, double, double, Colour) override {}
+    void Point(double, double, Colour) override {}
+    void Text(double, double, const std::string&) override {}
+    void Refresh() override {}
+};
+
+class ImageSurface : public PaintedSurface {
+public:
+    ImageSurface() : image_(393, 273, QImage::Format_RGB32), painter_(&image_) {}
+    SurfaceSize Size() const override { return PolygonMapSurface(); }
+    void Refresh() override {}
+
+protected:
+    QPainter& Painter() override { return painter_; }
+
+private:
+    QImage image_;
+    QPainter painter_;
+};
+
+/// Round Regions in a grid, one unit apart, of so many vertices each, and their table.
+std::string WriteRoundRegions(const TemporaryFolder& folder, int regions, int vertices) {
+    constexpr double fullTurn = 6.283185307179586;
+    const int across = static_cast<int>(std::ceil(std::sqrt(regions)));
+    ShapefileBytes shapes(5);
+    std::vector<std::vector<std::string>> rows;
+    for (int i = 0; i < regions; ++i) {
+        Ring ring;
+        for (int v = 0; v < vertices - 1; ++v)
+            ring.push_back({i % across + 0.5 * std::cos(-fullTurn * v / (vertices - 1)),
+                            i / across + 0.5 * std::sin(-fullTurn * v / (vertices - 1))});
+        ring.push_back(ring.front());
+        shapes.Add(PolygonContents({ring}));
+        rows.push_back({std::to_string(i + 1), std::to_string(1000 + i)});
+    }
+    folder.Write("round.dbf", TableBytes({{"ID", 'N', 6}, {"POP", 'N', 9}}, rows));
+    return shapes.WritePair(folder, "round.shp");
+}
+
+void OpenShapefile(const std::string& path) {
+    ws = Workspace{};
+    OpenShapeAttributes({path, "round.shp", false});
+    ReadShapeHeader();
+    LoadShapes();
+}
+
+void OpenFiles(benchmark::State& state) {
+    const TemporaryFolder folder;
+    const std::string path = WriteRoundRegions(folder, 5000, 120);
+    for (auto _ : state)
+        OpenShapefile(path);
+}
+
+/// 3,000 Regions of 80,000 vertices, with a value each.
+struct OpenMap {
+    OpenMap() {
+        OpenShapefile(WriteRoundRegions(Folder, 3000, 27));
+        ws.bRetroMapping = true;
+        Values.ReDim(ws.NumRegion);
+        for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
+            Values(i) = std::sin(static_cast<double>(i));
+    }
+
+    TemporaryFolder Folder;
+    Array1<double> Values;
+};
+
+template <typename Surface>
+void PaintOutlines(benchmark::State& state) {
+    UsePicturesOffscreen();
+    const OpenMap map;
+    Surface surface;
+    for (auto _ : state)
+        DrawPlainMap(surface);
+}
+
+void PaintStatistic(benchmark::State& state) {
+    UsePicturesOffscreen();
+    const OpenMap map;
+    ImageSurface form, surface;
+    for (auto _ : state) {
+        auto classValues = map.Values;
+        ShowRetroMap({form, surface, RetroVariable::Unadjusted}, classValues, map.Values);
+    }
+}
+
+void FillList(benchmark::State& state) {
+    UsePicturesOffscreen();
+    const std::string row = "  1234        0.1234       -1.2345        0.0001     12345";
+    for (auto _ : state) {
+        ListBox list;
+        list.resize(400, 300);
+        list.show();
+        for (int i = 0; i < 5000; ++i)
+            list.AddItem(row);
+        list.grab();
+    }
+}
+
+void FillGrid(benchmark::State& state) {
+    UsePicturesOffscreen();
+    const TemporaryFolder folder;
+    std::vector<TableColumn> columns;
+    std::vector<std::string> row;
+    for (int column = 1; column <= 100; ++column) {
+        columns.push_back({"C" + std::to_string(column), 'N', 10, 2});
+        row.push_back(std::to_string(column) + ".25");
+    }
+    OpenTable(folder, columns, {5000, row}, 5000);
+    ws.DbfFilePath = folder / "data.dbf";
+    for (auto _ : state) {
+        frmAttTable grid;
+        grid.TakeTable();
+        grid.show();
+        grid.grab();
+    }
+}
+
+const bool registered = Register("open/5000/shapefile/1", Length::Long, OpenFiles) &&
+                        Register("paint/3000/walk/1", Length::Short, PaintOutlines<NullSurface>) &&
+                        Register("paint/3000/outlines/1", Length::Short, PaintOutlines<ImageSurface>) &&
+                        Register("paint/3000/statistic/1", Length::Short, PaintStatistic) &&
+                        Register("list/5000/rows/1", Length::Long, FillList) &&
+                        Register("grid/5000/table/1", Length::Long, FillGrid);
+
+} // namespace
