@@ -343,6 +343,7 @@ TEST_F(PolygonToolsTest, EndsAFlashQuietlyWhoseWindowIsClosed) {
     Set(Mode::Cusum);
     for (const char* tool : {"ID", "Graph"}) {
         Map.DrawPlainMap();
+        Set(Mode::Cusum); // the chart of a Region needs its sums
         Tool(tool);
         const long before = Script.YieldCalls();
         Script.AtYield(1, [this] { Map.Frame()->close(); });

@@ -95,7 +95,8 @@ protected:
     /// The colour of the map at a place on the middle line of the squares.
     QColor ColourOf(double x) {
         const PlotPoint at = WorldToPlot(x, 0.5);
-        return The_<PlotWidget>(Map, "picSHP")->Picture().pixelColor(at.X, at.Y);
+        const QImage picture = The_<PlotWidget>(Map, "picSHP")->Picture();
+        return picture.pixelColor((QPointF(at.X, at.Y) * picture.devicePixelRatio()).toPoint());
     }
     static inline const QColor White{255, 255, 255}, Red{255, 0, 0}, Yellow{255, 255, 0};
 

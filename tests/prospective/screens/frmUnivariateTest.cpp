@@ -1,6 +1,8 @@
 #include "prospective/screens/PolygonWatchScreen.h"
 #include "support/screens/ScreenChecks.h"
 
+#include <QAbstractItemView>
+
 #include <filesystem>
 
 using namespace vastrel;
@@ -78,6 +80,9 @@ TEST_F(frmUnivariateTest, TestsTheFirstAndTheLastColumnAlone) {
     From()->SetListIndex(1);
     EXPECT_EQ(From()->Text(), "");
     EXPECT_EQ(From()->ListCount(), 3 * FieldCount);
+    From()->showPopup();
+    Shot(*From()->view()->window(), "frmUnivariate_grownList");
+    From()->hidePopup();
     Script.ExpectMessage("Data should be numerical values!"); // a null is no number
     To()->SetListIndex(5);
     EXPECT_EQ(To()->Text(), "");
@@ -95,6 +100,7 @@ TEST_F(frmUnivariateTest, TestsTheFirstAndTheLastColumnAlone) {
 }
 
 TEST_F(frmUnivariateTest, RunsFromFields) {
+    Script.AtYield(3, [this] { Shot(Frame, "frmUnivariate_running"); });
     RunFields();
     EXPECT_EQ(Rows(Periods()), PeriodRows);
     EXPECT_EQ(Periods()->ListIndex(), 4); // the last period, picked by itself
