@@ -145,14 +145,14 @@ protected:
 TEST_P(RealMap, StandsWhereTheViewSays) {
     if (!Open()) GTEST_SKIP() << "no real data";
     ExpectView();
-    EXPECT_GT(ExpectHits(), 20);
+    EXPECT_GT(ExpectHits(), 10);
     ExpectStatus(120, 90);
 
     Tool("Pan");
     Hand.Drag(100, 100, 25, -14); // the release draws by the offset alone and settles it behind that
     Moved(25, -14);
     ExpectView();
-    EXPECT_GT(ExpectHits(), 20);
+    EXPECT_GT(ExpectHits(), 10);
     ExpectStatus(120, 90, {25, -14});
 
     Tool("ZoomIn"); // by settled sum and offset both
@@ -160,7 +160,7 @@ TEST_P(RealMap, StandsWhereTheViewSays) {
     View.Zoom = 1.8;
     Moved(50, -28);
     ExpectView();
-    EXPECT_GT(ExpectHits(), 20);
+    EXPECT_GT(ExpectHits(), 10);
     Hand.Release(10, 10); // settled 50, -28
     Tool("ZoomOut");
     Hand.Click(200, 100, Qt::RightButton); // drawn before its release settles 75, -42
@@ -183,7 +183,7 @@ TEST_P(RealMap, StandsWhereTheViewSays) {
     Tool("FullExt");
     Moved(0, 0);
     ExpectView();
-    EXPECT_GT(ExpectHits(), 20);
+    EXPECT_GT(ExpectHits(), 10);
 }
 
 TEST_P(RealMap, FallsOnOnePointAndIsMirroredBelowAZoomOfZero) {
