@@ -93,14 +93,10 @@ void Desk::Keep(QWidget& widget, const QString& name, const QRect& part) {
         Stop(file + " cannot be written.");
 }
 
-QRect Desk::Between(QWidget& screen, const char* first, const char* last) const {
-    QRect area;
-    for (const char* name : {first, last}) {
-        const auto& control = Find<QWidget>(screen, name);
-        area |= QRect(control.mapTo(&screen, QPoint(0, 0)), control.size());
-    }
-    constexpr int room = 10, title = 14; // a group's title stands above it
-    return area.adjusted(-room, -room - title, room, room);
+QRect Desk::Part(QWidget& screen, const char* control) const {
+    const auto& part = Find<QWidget>(screen, control);
+    constexpr int room = 6;
+    return QRect(part.mapTo(&screen, QPoint(0, 0)), part.size()).adjusted(-room, -room, room, room);
 }
 
 void Desk::ShowMessage(const Message& message) {

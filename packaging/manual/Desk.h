@@ -34,8 +34,8 @@ public:
     void Click(QWidget& screen, const char* map, QPoint at) { Drag(screen, map, at, at); }
 
     void Keep(QWidget& widget, const QString& name, const QRect& part = {});
-    /// What two controls of a screen and all between them take up, with some room around.
-    QRect Between(QWidget& screen, const char* first, const char* last) const;
+    /// What a control takes up on its screen, with some room around.
+    QRect Part(QWidget& screen, const char* control) const;
 
     vastrel::MDIFrmMain& Frame() { return *frame_; }
 

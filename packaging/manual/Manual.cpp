@@ -103,18 +103,16 @@ int Manual::SheetCount() const {
 
 void Manual::Build() {
     document_ = std::make_unique<QTextDocument>();
+    document_->setUndoRedoEnabled(false);
     document_->setDefaultFont(BodyOf(BodySize));
     document_->setDocumentMargin(0);
     document_->setUseDesignMetrics(true);
-    document_->documentLayout()->setPaintDevice(&writer_);
     document_->setMarkdown(markdown_, QTextDocument::MarkdownDialectGitHub);
-    QTextCursor edit(document_.get());
-    edit.beginEditBlock(); // one layout behind all changes
     NameSheets();
     StyleBlocks();
     StyleTables();
     FitPictures();
-    edit.endEditBlock();
+    document_->documentLayout()->setPaintDevice(&writer_); // not before: every change would be laid out
     document_->setPageSize(QSizeF(writer_.width(), writer_.height() - FootHeight * writer_.resolution()));
     KeepHeadingsWithText();
 }

@@ -74,10 +74,9 @@ void ProspectivePoints(Desk& desk) {
     desk.Row(screen, "lstRegion", "H0311");
     desk.Keep(*screen.Frame(), "prospective-points");
 
-    const QRect map = desk.Between(screen, "picMapDisplayTools", "picPoint");
     desk.Press(screen, "optMeasureDistance");
     desk.Drag(screen, "picPoint", {222, 169}, {222, 128});
-    desk.Keep(screen, "select-circle", map | desk.Between(screen, "lblDisplay", "picPeriod"));
+    desk.Keep(screen, "select-circle", desk.Part(screen, "fraMap"));
     screen.Unload();
 }
 

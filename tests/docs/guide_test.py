@@ -52,9 +52,8 @@ def pictures_of(page):
     return {(page.parent / picture).resolve() for picture in shown}
 
 
-def make_manual(docs, folder):
+def make_manual(docs, file):
     """Makes the manual; gives the number of its sheets and the sheet on which each page begins."""
-    file = pathlib.Path(folder) / "UserManual.pdf"
     made = subprocess.run([MANUAL, docs, file], capture_output=True, text=True, check=True, timeout=300)
     begins = {}
     for line in made.stdout.splitlines():
@@ -68,9 +67,16 @@ def words(text):
 
 
 class Guide(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.docs = PROJECT / "docs"
+        cls.pages = pages(cls.docs)
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.manual = pathlib.Path(folder.name) / "UserManual.pdf"
+        cls.sheets, cls.begins = make_manual(cls.docs, cls.manual)
+
     def setUp(self):
-        self.docs = PROJECT / "docs"
-        self.pages = pages(self.docs)
         self.assertGreater(len(self.pages), 10)
 
     def test_every_link_leads_somewhere(self):
@@ -100,23 +106,19 @@ class Guide(unittest.TestCase):
                 self.assertNotRegex(line, r"^ {1,3}(!\[|\|)", page)
 
     def test_every_page_is_in_the_manual(self):
-        with tempfile.TemporaryDirectory() as folder:
-            sheets, begins = make_manual(self.docs, folder)
-        self.assertEqual(set(begins), {page for page in self.pages if page.name not in NO_PART_OF_THE_GUIDE})
-        order = list(begins.values())
+        self.assertEqual(set(self.begins), {page for page in self.pages if page.name not in NO_PART_OF_THE_GUIDE})
+        order = list(self.begins.values())
         self.assertEqual(order, sorted(set(order)))  # each from the top of a sheet of its own
-        self.assertGreaterEqual(sheets, order[-1])
+        self.assertGreaterEqual(self.sheets, order[-1])
 
     @unittest.skipUnless(shutil.which("pdftotext"), "pdftotext is not installed")
     def test_every_heading_can_be_read_in_the_manual(self):
-        with tempfile.TemporaryDirectory() as folder:
-            make_manual(self.docs, folder)
-            read = subprocess.run(["pdftotext", "-raw", pathlib.Path(folder) / "UserManual.pdf", "-"],
-                                  capture_output=True, text=True, check=True).stdout
+        read = words(subprocess.run(["pdftotext", "-raw", self.manual, "-"], capture_output=True, text=True,
+                                    check=True).stdout)
         told = [words(heading) for page in self.pages if page.name not in NO_PART_OF_THE_GUIDE
                 for heading in HEADING.findall(prose(page))]
         self.assertGreater(len(told), 50)
-        self.assertEqual([heading for heading in told if heading not in words(read)], [])
+        self.assertEqual([heading for heading in told if heading not in read], [])
 
 
 class TheChecksThemselves(unittest.TestCase):
@@ -140,8 +142,7 @@ class TheChecksThemselves(unittest.TestCase):
         self.write("README.md", "# Index\n[a](a.md)\n")
         named = self.write("a.md", "# A\n")
         self.write("b.md", "# B\n")
-        with tempfile.TemporaryDirectory() as folder:
-            sheets, begins = make_manual(self.root, folder)
+        sheets, begins = make_manual(self.root, self.root / "UserManual.pdf")
         self.assertEqual(begins, {self.root / "README.md": 2, named: 3})  # behind the title
         self.assertEqual(sheets, 3)
 

@@ -340,10 +340,9 @@ TEST_F(PolygonToolsTest, GoesOnWithAZoomInsideAFlash) {
 }
 
 TEST_F(PolygonToolsTest, EndsAFlashQuietlyWhoseWindowIsClosed) {
-    Set(Mode::Cusum);
+    Set(Mode::Cusum); // the chart of a Region needs its sums
     for (const char* tool : {"ID", "Graph"}) {
         Map.DrawPlainMap();
-        Set(Mode::Cusum); // the chart of a Region needs its sums
         Tool(tool);
         const long before = Script.YieldCalls();
         Script.AtYield(1, [this] { Map.Frame()->close(); });

@@ -112,8 +112,8 @@ protected:
     /// A net of clicks over the surface; how many fell on a Region other than the first.
     int ExpectHits() {
         int hits = 0;
-        for (double x = 4; x < View.Surface.ScaleWidth; x += 19)
-            for (double y = 4; y < View.Surface.ScaleHeight; y += 17) {
+        for (double x = 4; x < View.Surface.ScaleWidth; x += 13)
+            for (double y = 4; y < View.Surface.ScaleHeight; y += 11) {
                 const PointXY at = View.Map({x, y});
                 if (IsOnABorder(at)) continue;
                 const RegionHit hit = HitTestRegion(x, y);

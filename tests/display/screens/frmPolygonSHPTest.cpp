@@ -223,6 +223,9 @@ TEST_F(frmPolygonSHPTest, ShowsTheSliderBehindAnAnimation) {
     EXPECT_TRUE(IsShown(MapWindow, "sliderStatsRange"));
     EXPECT_TRUE(IsShown(MapWindow, "lblAni"));
     EXPECT_EQ(Slider()->maximum(), 2);
+    Shot(Frame, "polygon-animated");
+    ResizeTo(820, 520);
+    Shot(MapWindow, "polygon-animated-large");
     Slider()->setValue(2);
     Global()->SetListIndex(2);
 
@@ -293,12 +296,8 @@ TEST_F(frmPolygonSHPTest, MarksTheCentroidsOnTheOutlines) {
     Tool("Centroid")->trigger();
     EXPECT_NE(ws.RegionCentroid(1), RegionPoint{}); // computed anew
     QImage shown = Picture();
-    const auto at = [&shown](const RegionPoint& centroid) {
-        const PlotPoint point = WorldToPlot(centroid.X, centroid.Y);
-        return shown.pixelColor(point.X, point.Y);
-    };
     for (const int region : {1, 100, 207})
-        EXPECT_EQ(at(ws.RegionCentroid(region)), QColor(255, 0, 0)) << region;
+        EXPECT_EQ(ColourAt(shown, ws.RegionCentroid(region)), QColor(255, 0, 0)) << region;
     EXPECT_FALSE(IsWhite(Print())); // the legend stays
     Shot(Frame, "polygon-centroids");
     ResizeTo(540, 340); // the statistic comes back

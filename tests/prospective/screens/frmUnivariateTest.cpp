@@ -2,6 +2,7 @@
 #include "support/screens/ScreenChecks.h"
 
 #include <QAbstractItemView>
+#include <QLabel>
 
 #include <filesystem>
 
@@ -230,6 +231,24 @@ TEST_F(frmUnivariateTest, WritesEmptyLinesBeforeAnyRun) {
     Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
     Press(Screen, "cmdSaveCusum");
     EXPECT_EQ(ReadFile(Folder / "c.csm"), "\n\n\n\n"); // the header and a line for each record
+}
+
+TEST_F(frmUnivariateTest, ShowsTheClassesBesideTheMapFromTheFirstFrameOn) {
+    Script.AtYield(1, [this] { EXPECT_FALSE(IsShown(Map, "picLegend")); });
+    Script.AtYield(2, [this] { EXPECT_TRUE(IsShown(Map, "picLegend")); });
+    RunFields();
+    ExpectCaptions(Map, {{"frmPolygonSHP", "three.shp"},
+                         {"Label1", ""},
+                         {"lblLeg0", "< 25%"},
+                         {"lblLeg1", "< 50%"},
+                         {"lblLeg2", "< 75%"},
+                         {"lblLeg3", "< 100%"},
+                         {"lblLeg4", "SIGNAL"}});
+    const QColor colours[] = {White, {0, 255, 255}, {128, 128, 255}, {0, 0, 192}, Red};
+    for (int i = 0; i < 5; ++i) {
+        auto* label = The_<QLabel>(Map, QString("lblLeg%1").arg(i).toUtf8());
+        EXPECT_EQ(label->grab().toImage().pixelColor(1, 1), colours[i]) << i;
+    }
 }
 
 TEST_F(frmUnivariateTest, LeavesThePlainMapWhenItCloses) {

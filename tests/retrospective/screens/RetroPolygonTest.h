@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/PolygonPainter.h"
+#include "display/PolygonView.h"
 #include "display/qt/PlotWidget.h"
 #include "retrospective/screens/frmSigmaChart.h"
 #include "support/screens/PolygonScreenTest.h"
@@ -76,6 +77,12 @@ protected:
     QSlider* Slider() { return The_<QSlider>(MapWindow, "sliderStatsRange"); }
     PlotWidget* picSHP() { return The_<PlotWidget>(MapWindow, "picSHP"); }
     QImage Picture() { return picSHP()->Picture(); }
+    /// The colour at a position of the map, in plot pixels, at any scale of the display.
+    static QColor ColourAt(const QImage& picture, const RegionPoint& position) {
+        const PlotPoint at = WorldToPlot(position.X, position.Y);
+        const double scale = picture.devicePixelRatio();
+        return picture.pixelColor(static_cast<int>(at.X * scale), static_cast<int>(at.Y * scale));
+    }
     /// What is printed on the map window beside the map.
     QImage Print() { return The_<PlotWidget>(MapWindow, "picForm")->Picture(); }
     static bool IsWhite(const QImage& picture) {

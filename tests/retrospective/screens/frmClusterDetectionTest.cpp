@@ -1,6 +1,5 @@
 #include "retrospective/screens/frmClusterDetection.h"
 
-#include "display/PolygonView.h"
 #include "platform/qt/OptionButton.h"
 #include "retrospective/screens/RetroPolygonTest.h"
 #include "support/screens/ScreenChecks.h"
@@ -21,16 +20,12 @@ protected:
 
     void Sweep(const char* variable = "optUnadjusted") { RunRange(variable, "0.5", "1.5", "0.5"); }
 
-    QColor ColourAt(int region) {
-        const QImage shown = Picture();
-        const PlotPoint at = WorldToPlot(ws.RegionCentroid(region).X, ws.RegionCentroid(region).Y);
-        return shown.pixelColor(at.X, at.Y);
-    }
+    QColor ColourOf(int region) { return ColourAt(Picture(), ws.RegionCentroid(region)); }
     /// The Regions of the country that are painted yellow.
     std::vector<int> Yellow() {
         std::vector<int> regions;
         for (int i = 1; i <= ws.NumRegion; ++i)
-            if (ColourAt(i) == QColor(255, 255, 0)) regions.push_back(i);
+            if (ColourOf(i) == QColor(255, 255, 0)) regions.push_back(i);
         return regions;
     }
     /// Takes the shapefile away, and puts it back.
@@ -197,13 +192,13 @@ TEST_F(frmClusterDetectionTest, HighlightsTheRegionOfALocalRow) {
     for (const int region : {1, 60, 207}) {
         Local()->SetListIndex(region + 2); // three title rows; the first Region stands in row 3
         EXPECT_EQ(Yellow(), std::vector<int>{region});
-        EXPECT_EQ(ColourAt(region == 60 ? 1 : 60), QColor(255, 255, 255));
+        EXPECT_EQ(ColourOf(region == 60 ? 1 : 60), QColor(255, 255, 255));
     }
     Shot(Frame, "polygon-highlight");
     for (const int row : {0, 1, 2, 210}) { // dashes, heading, dashes; dashes at the end: all white
         Local()->SetListIndex(row);
         EXPECT_EQ(Yellow(), std::vector<int>{}) << row;
-        EXPECT_EQ(ColourAt(60), QColor(255, 255, 255)) << row;
+        EXPECT_EQ(ColourOf(60), QColor(255, 255, 255)) << row;
     }
     EXPECT_FALSE(IsWhite(Print())); // the legend stays
 }
