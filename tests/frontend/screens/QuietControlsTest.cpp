@@ -53,6 +53,7 @@ TEST_F(QuietControls, TakeNoKeysInTheBoxesOfResults) {
     ExpectNoKeys(The<frmClusterDetectionTextfile>(), {"txtXTitle"});
     ExpectNoKeys(The<frmSigmaChart>(), {"txtTitle"});
     ExpectNoKeys(The<frmGraph>(), {"Text1"});
+    ExpectNoKeys(The<frmTxtFileOpen>(), {"txtOpenFilePath"});
     EXPECT_EQ(Script.Transcript(), "");
 }
 
