@@ -5,13 +5,18 @@
 #include "display/PolygonPainter.h"
 #include "display/qt/PaintedSurface.h"
 #include "display/qt/PictureFiles.h"
+#include "display/screens/frmPolygonSHP.h"
+#include "frontend/screens/MDIFrmMain.h"
 #include "platform/Platform.h"
 #include "platform/qt/ListBox.h"
+#include "platform/qt/Screens.h"
 #include "spatial/ShapeDataset.h"
 #include "spatial/screens/frmAttTable.h"
 #include "support/AttributeData.h"
+#include "support/screens/Mouse.h"
 #include "workspace/Workspace.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QImage>
 
@@ -118,6 +123,28 @@ void PaintStatistic(benchmark::State& state) {
     }
 }
 
+/// One move of the pan tool over the map window, up to the picture on the screen.
+void DragMap(benchmark::State& state) {
+    UsePicturesOffscreen();
+    static auto* const frame = new MDIFrmMain; // the screens keep to the first one
+    frame->ShowFrame();
+    const OpenMap map;
+    auto& window = The<frmPolygonSHP>();
+    window.DrawPlainMap();
+    window.findChild<QAction*>("Pan")->trigger();
+    Mouse hand(*window.findChild<PlotWidget*>("picSHP"));
+    QApplication::processEvents();
+    hand.Press(100, 100);
+    int step = 0;
+    for (auto _ : state) {
+        step = (step + 1) % 50;
+        hand.Move(100 + step, 100 - step);
+        QApplication::processEvents();
+    }
+    hand.Release(100, 100);
+    frame->Unload();
+}
+
 void FillList(benchmark::State& state) {
     UsePicturesOffscreen();
     const std::string row = "  1234        0.1234       -1.2345        0.0001     12345";
@@ -154,6 +181,7 @@ const bool registered = Register("open/5000/shapefile/1", Length::Long, OpenFile
                         Register("paint/3000/walk/1", Length::Short, PaintOutlines<NullSurface>) &&
                         Register("paint/3000/outlines/1", Length::Short, PaintOutlines<ImageSurface>) &&
                         Register("paint/3000/statistic/1", Length::Short, PaintStatistic) &&
+                        Register("paint/3000/a move of the pan tool/1", Length::Short, DragMap) &&
                         Register("list/5000/rows/1", Length::Long, FillList) &&
                         Register("grid/5000/table/1", Length::Long, FillGrid);
 
