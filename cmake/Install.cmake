@@ -6,6 +6,8 @@ install(TARGETS vastrel-batch RUNTIME)
 install(DIRECTORY samples DESTINATION ${vastrelData} FILES_MATCHING PATTERN "*.txt" PATTERN "*.md" PATTERN "country.*")
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# Made by the target "manual", as ./run does.
+install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/UserManual.pdf DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
 
 if(VASTREL_SCREENS)
   install(TARGETS vastrel RUNTIME)

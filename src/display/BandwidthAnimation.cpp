@@ -6,12 +6,12 @@
 
 namespace vastrel {
 
-bool AnimateBandwidths(const PolygonMap& map, const AnimationScreen& screen) {
+bool AnimateBandwidths(const AnimationScreen& screen) {
     for (std::ptrdiff_t k = 0; k < ws.BandwidthCount; ++k) {
         TakeSweepValues(k);
         platform().Yield(BandwidthFrameDelay);
         if (!screen.IsStillShown()) return false;
-        ShowRetroMap(map, ws.DisplayClassValues, ws.DisplayDrawValues);
+        ShowRetroMap(screen.Map(), ws.DisplayClassValues, ws.DisplayDrawValues);
         screen.SelectRow(RowOfSweepStep(k));
     }
     return true;

@@ -13,6 +13,7 @@ constexpr long BandwidthFrameDelay = 50000;
 /// What the animation asks of the screens.
 struct AnimationScreen {
     std::function<bool()> IsStillShown;                // asked after each wait
+    std::function<PolygonMap()> Map;                   // as it is at each frame
     std::function<void(std::ptrdiff_t row)> SelectRow; // of lstGlobalPatternSummary
 };
 
@@ -22,9 +23,9 @@ constexpr std::ptrdiff_t RowOfSweepStep(std::ptrdiff_t k) {
 }
 
 /// Steps the statistic map through the bandwidths of the last sweep. Each frame takes its values, waits,
-/// paints, and selects its row; CurrentSigma is left to the row's click. False where the screen was gone
-/// after a wait: nothing more is done then.
-bool AnimateBandwidths(const PolygonMap& map, const AnimationScreen& screen);
+/// paints by the variable of that moment, and selects its row; CurrentSigma is left to the row's click. False
+/// where the screens were gone after a wait, or play something newer: nothing more is done then.
+bool AnimateBandwidths(const AnimationScreen& screen);
 
 /// "Bandwidth=0.400" for step k.
 std::string BandwidthTip(std::ptrdiff_t k);

@@ -55,7 +55,10 @@ std::ptrdiff_t SourcePeriodCount(ZSource source) {
 
 void ReadFieldZScores(Table<double>& z) {
     const std::ptrdiff_t periods = SourcePeriodCount(ZSource::Fields);
+    if (periods < 0)
+        RaiseCustomary(SubscriptOutOfRange, "ReadFieldZScores", "The last column stands before the first.");
     ReDimWithinMemory(z, ws.NumRegion, periods, "ReadFieldZScores");
+    PolygonOutputs().ReDim(ws.NumRegion, periods);
     ws.RunPeriodCount = static_cast<double>(periods);
     for (std::ptrdiff_t t = 1; t <= periods; ++t) {
         const auto field = static_cast<int>(t + static_cast<std::ptrdiff_t>(ws.StartFieldIndex) - 1);

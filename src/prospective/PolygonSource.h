@@ -23,7 +23,8 @@ bool TakeEndField(std::ptrdiff_t number, const std::string& name);
 std::ptrdiff_t SourcePeriodCount(ZSource source);
 
 /// Sets RunPeriodCount and fills `z`, NumRegion x RunPeriodCount, with the columns in table order, a record a
-/// Region; fewer records leave the rest at 0.
+/// Region; fewer records leave the rest at 0. The results of the run before are dropped first: those of this
+/// one stand at zero where a column stops it.
 /// Run-time errors: 9 for a last column two or more in front of the first, and for more records than Regions;
 /// 3265 for a number behind the last column; 94 for a null, 13 for a text.
 void ReadFieldZScores(Table<double>& z);

@@ -3,8 +3,8 @@
 #include "platform/ArithmeticScope.h"
 #include "platform/Memory.h"
 #include "platform/Numbers.h"
-#include "retrospective/DenseKernel.h"
 #include "retrospective/Kernel.h"
+#include "retrospective/NeighbourOrder.h"
 #include "retrospective/StudyArea.h"
 #include "workspace/Workspace.h"
 
@@ -53,8 +53,9 @@ void NormalisedKernel(Table<double>& weights, std::ptrdiff_t n) {
 
 void ComputeScoreWeights(std::ptrdiff_t n) {
     NormalisedKernel(ws.WeightUnadjusted, n);
-    DenseGram({ws.WeightUnadjusted.row(1) + 1, n, n, ws.WeightUnadjusted.stride()}, ws.ScoreGramPlain.row(0),
-              ws.ScoreGramPlain.stride());
+    // The adjusted tables are filled afterwards and lend their room.
+    GramOfNeighbours(ws.WeightUnadjusted, NeighbourOrder(ws.RegionCentroid, n), ws.WeightAdjusted,
+                     ws.ScoreGramAdjusted, ws.ScoreGramPlain);
     ScaleGramByShares(ws.ScoreGramPlain, ws.ExpRatio, n, ws.ScoreGramAdjusted);
     ScaleColumnsByExpected(ws.WeightUnadjusted, ws.ExpCount, n, ws.WeightAdjusted);
 }

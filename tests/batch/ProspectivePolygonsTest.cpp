@@ -6,9 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
-#include <numeric>
 
 using namespace vastrel;
 
@@ -16,7 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
-using Numbers = std::vector<std::vector<double>>;
 
 /// Three squares of area 1 side by side and apart, with a table. With k = 0.5 and nothing smoothed the sums
 /// of Z1 to Z3 are A 0.5 1 5.5; B 5.5 11 8.5; C 0 1.5 10.
@@ -76,85 +73,12 @@ const std::string Lists = Titles +
                           "\n   11.00 <---                 B\n"
                           "\n   10.00 <---                 C\n";
 
-/// The sums by their definition, nothing smoothed.
-Numbers PlainCusums(const Numbers& z, double k) {
-    Numbers sums;
-    for (const auto& row : z) {
-        double sum = 0;
-        auto& into = sums.emplace_back();
-        for (const double value : row)
-            into.push_back(sum = std::max(0.0, sum + value - k));
-    }
-    return sums;
-}
-
-/// A table read field by field as its format says, apart from the program's reader.
-struct PlainTable {
-    std::vector<std::string> Names;
-    std::vector<std::vector<std::string>> Rows;
-
-    explicit PlainTable(const std::string& bytes) {
-        const auto byte = [&](size_t at) {
-            return static_cast<size_t>(static_cast<unsigned char>(bytes[at]));
-        };
-        const size_t rows = byte(4) + 256 * byte(5), head = byte(8) + 256 * byte(9);
-        const size_t length = byte(10) + 256 * byte(11);
-        std::vector<size_t> widths;
-        for (size_t at = 32; bytes[at] != '\r'; at += 32) {
-            Names.emplace_back(bytes.c_str() + at);
-            widths.push_back(byte(at + 16));
-        }
-        for (size_t row = 0; row < rows; ++row) {
-            size_t at = head + row * length + 1;
-            auto& values = Rows.emplace_back();
-            for (const size_t width : widths) {
-                values.push_back(bytes.substr(at, width));
-                at += width;
-            }
-        }
-    }
-
-    Numbers Columns(const std::string& first, size_t count) const {
-        const auto from = static_cast<size_t>(std::find(Names.begin(), Names.end(), first) - Names.begin());
-        Numbers numbers;
-        for (const auto& row : Rows) {
-            auto& values = numbers.emplace_back();
-            for (size_t k = from; k < from + count; ++k)
-                values.push_back(std::stod(row.at(k)));
-        }
-        return numbers;
-    }
-};
-
-std::string Fixed(double value) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%12.4f", value);
-    return text;
-}
-
-std::string TextOf(const std::vector<std::vector<std::string>>& rows, size_t from, size_t to) {
-    std::string text;
-    for (const auto& row : rows)
-        for (size_t k = from; k < to; ++k)
-            text += row[k] + (k + 1 == to ? "\n" : ",");
-    return text;
-}
-
 /// How many Regions signal in each period.
 std::vector<size_t> Counts(const Json& signals) {
     std::vector<size_t> counts;
     for (const auto& period : signals)
         counts.push_back(period.size());
     return counts;
-}
-
-void ExpectNear(const Json& actual, const Json& expected) {
-    ASSERT_EQ(actual.size(), expected.size());
-    for (size_t i = 0; i < actual.size(); ++i) {
-        ASSERT_EQ(actual[i].size(), expected[i].size());
-        for (size_t t = 0; t < actual[i].size(); ++t)
-            ASSERT_NEAR(actual[i][t].get<double>(), expected[i][t].get<double>(), 1e-11) << i << ", " << t;
-    }
 }
 
 } // namespace
@@ -356,66 +280,4 @@ TEST_F(ProspectivePolygons, ContinuesTheSampleAsItsPointsAreContinued) {
         newPeriods.push_back(Json(std::vector<double>(region.begin() + 12, region.end())));
     EXPECT_EQ(polygons["Cusum"], newPeriods);
     EXPECT_EQ(polygons["RegionLabel"], points["RegionLabel"]);
-}
-
-TEST_F(ProspectivePolygons, WatchesMeaslesFromColumnsAndFromATextFileAlike) {
-    const std::string shp = CopyOfRealShapefile(folder_, "measles/msl_we");
-    if (shp.empty()) GTEST_SKIP() << "The real data are not here.";
-    const std::string dbf = shp.substr(0, shp.size() - 3) + "dbf";
-    // z-scores of the first 40 weeks against each region's mean, to four decimals, in a table of their own.
-    const PlainTable weeks(ReadFile(dbf));
-    std::vector<TableColumn> columns{{"NAME", 'C', 24}};
-    std::vector<std::vector<std::string>> rows;
-    Numbers z;
-    for (size_t t = 1; t <= 40; ++t)
-        columns.push_back({"Z" + std::to_string(t), 'N', 12, 4});
-    for (const auto& counts : weeks.Columns("W001", 40)) {
-        auto& row = rows.emplace_back(1, weeks.Rows[rows.size()][1]);
-        auto& scores = z.emplace_back();
-        const double mean = std::accumulate(counts.begin(), counts.end(), 0.0) / 40 + 0.1;
-        for (const double count : counts) {
-            row.push_back(Fixed((count - mean) / std::sqrt(mean)));
-            scores.push_back(std::stod(row.back()));
-        }
-    }
-    folder_.Write(fs::path(dbf).filename().string(), TableBytes(columns, rows));
-    folder_.Write("whole.txt", TextOf(rows, 1, 41));
-    folder_.Write("half.txt", TextOf(rows, 21, 41));
-    const auto watch = [&](std::vector<std::string> words) {
-        words.insert(words.begin(), {"prospective-polygons", shp, "--id", "NAME", "--json", Out("out.json")});
-        return TakeJson(RunBatch(words));
-    };
-
-    for (const char* sigma : {"0", "1"}) {
-        const Json fields = watch({"--fields", "Z1", "Z40", "--sigma", sigma});
-        const Json text = watch({"--z", Out("whole.txt"), "--sigma", sigma});
-        EXPECT_EQ(fields["NumRegion"], 17);
-        EXPECT_EQ(fields, text);
-        watch({"--fields", "Z1", "Z20", "--sigma", sigma, "--cusum", Out("half.csm")});
-        Json second = Json::array();
-        for (const auto& region : fields["Cusum"])
-            second.push_back(Json(std::vector<double>(region.begin() + 20, region.end())));
-        for (const auto& source : {std::vector<std::string>{"--fields", "Z21", "Z40"},
-                                   std::vector<std::string>{"--z", Out("half.txt")}})
-            for (const char* show : {"current", "both"}) {
-                auto words = source;
-                words.insert(words.end(), {"--previous", Out("half.csm"), "--show", show, "--sigma", sigma});
-                const Json continued = watch(words);
-                ExpectNear(continued["Cusum"], second);
-                EXPECT_EQ(continued["CusumChartData"].size(), show == std::string("both") ? 40u : 20u);
-            }
-    }
-    ExpectNear(watch({"--z", Out("whole.txt")})["Cusum"], Json(PlainCusums(z, 0.5)));
-}
-
-TEST_F(ProspectivePolygons, WatchesAsManyRegionsAsGermanyHas) {
-    const std::string shp = CopyOfRealShapefile(folder_, "imd_de/imd_de");
-    if (shp.empty()) GTEST_SKIP() << "The real data are not here.";
-    const PlainTable table(ReadFile(shp.substr(0, shp.size() - 3) + "dbf"));
-    const auto result = RunBatch({"prospective-polygons", shp, "--id", "KEY", "--id2", "NAME", "--fields",
-                                  "IMD02", "IMD08", "--k", "1", "--h", "3", "--json", Out("out.json")});
-    const Json json = TakeJson(result);
-    EXPECT_EQ(json["NumRegion"], 413);
-    // Counts in the place of scores: the sums are whole numbers.
-    EXPECT_EQ(json["Cusum"], Json(PlainCusums(table.Columns("IMD02", 7), 1)));
 }

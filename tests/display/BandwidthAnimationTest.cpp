@@ -33,12 +33,12 @@ protected:
     }
 
     bool Animate() {
-        return AnimateBandwidths(map_, {[this] { return shown_; },
-                                        [this](std::ptrdiff_t row) {
-                                            log_ += "row " + std::to_string(row) + " after " +
-                                                    std::to_string(platform_.YieldCalls()) + " waits\n";
-                                            frames_.push_back(From1(ws.DisplayDrawValues));
-                                        }});
+        return AnimateBandwidths({[this] { return shown_; }, [this] { return map_; },
+                                  [this](std::ptrdiff_t row) {
+                                      log_ += "row " + std::to_string(row) + " after " +
+                                              std::to_string(platform_.YieldCalls()) + " waits\n";
+                                      frames_.push_back(From1(ws.DisplayDrawValues));
+                                  }});
     }
 
     TemporaryFolder folder_;
@@ -61,6 +61,18 @@ TEST_F(BandwidthAnimation, WaitsBeforeEachFrameAndSelectsItsRow) {
     EXPECT_EQ(frames_, (std::vector<std::vector<double>>{{-1, -2, -3}, {9, 8, 7}}));
     EXPECT_EQ(From1(ws.DisplayClassValues), (std::vector<double>{7, 8, 9})); // sorted by the legend
     EXPECT_EQ(ws.CurrentSigma, 9); // the click of the row sets it, not the frame
+}
+
+// A variable that is chosen in a wait is that of the frame behind it.
+TEST_F(BandwidthAnimation, PaintsByTheVariableOfTheFrame) {
+    ws.CurrentSigma = 0.5;
+    ws.AlphaLevel = 0.05;
+    platform_.AtYield(2, [this] {
+        form_.Forget();
+        map_.Variable = RetroVariable::Rossi;
+    });
+    EXPECT_TRUE(Animate());
+    EXPECT_NE(form_.Operations().find("|M* =< |"), std::string::npos);
 }
 
 TEST_F(BandwidthAnimation, EndsQuietlyWhereItsScreenIsGone) {

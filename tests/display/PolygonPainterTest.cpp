@@ -129,6 +129,15 @@ TEST_F(PolygonPainter, HighlightsOverTheWholeStatisticMap) {
                   Filled("0x00FFFF", "0xFFFFFF", "0xFFFFFF") + "refresh\n");
 }
 
+// As behind a range of which no step was picked.
+TEST_F(PolygonPainter, HighlightsAloneWhereAStatisticHasNoLegend) {
+    ws.bRetroMapping = true;
+    ws.DisplayDrawValues = ArrayFrom1<double>({-1.5, 0, 7});
+    EXPECT_EQ(Drawn([](PlotSurface& surface) { DrawHighlight(surface, 1); }),
+              DrawingState + "pen 0x000000\nstyle solid\n" + Filled("0xFFFFFF", "0x00FFFF", "0xFFFFFF") +
+                  "refresh\n");
+}
+
 TEST_F(PolygonPainter, WhitensAllForARegionThatDoesNotExist) {
     for (const std::ptrdiff_t region : {-3, 3})
         EXPECT_EQ(Drawn([=](PlotSurface& surface) { DrawHighlight(surface, region); }),

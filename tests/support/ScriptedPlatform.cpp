@@ -10,6 +10,8 @@ namespace vastrel {
 
 namespace {
 
+constexpr const char* NoName = "<no name>";
+
 std::string MessageCall(const std::string& text, const std::string& title, Message::Icon icon) {
     const char* kind = icon == Message::Icon::Stop          ? "message"
                        : icon == Message::Icon::Information ? "information"
@@ -42,6 +44,10 @@ void ScriptedPlatform::ExpectFile(FileQuestion::Kind way, const std::string& fil
     expected_.push_back({FileCall(way, filter), path});
 }
 
+void ScriptedPlatform::ExpectNoName(FileQuestion::Kind way, const std::string& filter) {
+    ExpectFile(way, filter, NoName);
+}
+
 void ScriptedPlatform::ExpectRunTimeError(long number) {
     expected_.push_back({"run-time error " + std::to_string(number), ""});
 }
@@ -72,6 +78,7 @@ void ScriptedPlatform::ShowMessage(const Message& message) {
 
 FileChoice ScriptedPlatform::ChooseFile(const FileQuestion& question) {
     const std::filesystem::path path = Take(FileCall(question.Way, question.Filter));
+    if (path == NoName) return {"", "", false};
     transcript_.insert(transcript_.size() - 1, " -> " + path.filename().string());
     if (path.has_parent_path()) std::filesystem::current_path(path.parent_path());
     return {path.string(), path.filename().string(), path.empty()};

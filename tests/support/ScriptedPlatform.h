@@ -20,6 +20,8 @@ public:
                        Message::Icon icon = Message::Icon::Stop);
     /// An empty path answers a file dialog with a cancel.
     void ExpectFile(FileQuestion::Kind way, const std::string& filter, const std::string& path);
+    /// A file dialog that ends without a name and without a cancel.
+    void ExpectNoName(FileQuestion::Kind way, const std::string& filter);
     void ExpectRunTimeError(long number);
     void ExpectEndOfProcess();
 

@@ -146,6 +146,30 @@ std::string TableBytes(const std::vector<TableColumn>& columns,
     return header + descriptions + "\x0D" + body + "\x1A";
 }
 
+std::string WithColumns(const std::string& table, const std::vector<TableColumn>& columns,
+                        const std::vector<std::vector<std::string>>& rows) {
+    const auto lengthAt = [](const std::string& bytes, size_t place) {
+        return static_cast<size_t>(static_cast<unsigned char>(bytes[place])) +
+               256 * static_cast<size_t>(static_cast<unsigned char>(bytes[place + 1]));
+    };
+    const auto descriptions = [&](const std::string& bytes) {
+        return bytes.substr(32, lengthAt(bytes, 8) - 33);
+    };
+    const auto row = [&](const std::string& bytes, size_t i) { // behind its mark
+        return bytes.substr(lengthAt(bytes, 8) + i * lengthAt(bytes, 10) + 1, lengthAt(bytes, 10) - 1);
+    };
+    const std::string added = TableBytes(columns, rows);
+    const std::string all = descriptions(table) + descriptions(added);
+    const size_t header = 32 + all.size() + 1, length = lengthAt(table, 10) + lengthAt(added, 10) - 1;
+    std::string bytes = table.substr(0, 8);
+    for (const size_t value : {header, length})
+        bytes += {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8)};
+    bytes += table.substr(12, 20) + all + "\x0D";
+    for (size_t i = 0; i < rows.size(); ++i)
+        bytes += " " + row(table, i) + row(added, i);
+    return bytes + "\x1A";
+}
+
 std::string CopyOfRealShapefile(const TemporaryFolder& folder, const std::string& name) {
     const std::string base = fs::path(name).filename().string();
     if (RealData(name + ".shp").empty()) return "";

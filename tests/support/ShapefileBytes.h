@@ -67,6 +67,10 @@ struct TableColumn {
 std::string TableBytes(const std::vector<TableColumn>& columns,
                        const std::vector<std::vector<std::string>>& rows, int languageByte = 0);
 
+/// A table with more columns at its right, a row of values for each of its rows.
+std::string WithColumns(const std::string& table, const std::vector<TableColumn>& columns,
+                        const std::vector<std::vector<std::string>>& rows);
+
 /// Copies a real dataset ("nc/nc") into a folder, writable, and gives the path of its .shp; empty where the
 /// data are not there.
 std::string CopyOfRealShapefile(const TemporaryFolder& folder, const std::string& name);

@@ -72,10 +72,18 @@ void PaintedSurface::Point(double x, double y, Colour colour) {
 }
 
 void PaintedSurface::Text(double x, double y, const std::string& text) {
+    // What a printed legend has beside its boxes on the polygon map; a wider text is narrowed to it.
+    constexpr double room = 104;
     QPainter& painter = Painter();
     painter.setFont(LegendFont());
     painter.setPen(Qt::black);
-    painter.drawText(QPointF(x, y + painter.fontMetrics().ascent()), QString::fromStdString(text));
+    const QString shown = QString::fromStdString(text);
+    const double width = painter.fontMetrics().horizontalAdvance(shown);
+    painter.save();
+    painter.translate(x, y + painter.fontMetrics().ascent());
+    if (width > room) painter.scale(room / width, 1);
+    painter.drawText(QPointF(0, 0), shown);
+    painter.restore();
 }
 
 } // namespace vastrel

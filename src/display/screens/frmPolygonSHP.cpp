@@ -71,7 +71,8 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
     ui_->picSHP->DblClick = DoubleClickOnPolygons;
     ui_->sliderStatsRange->setTracking(false); // the map follows when the slider is let go
     OnEvent(ui_->sliderStatsRange, &QSlider::valueChanged, this, [this] { sliderStatsRange_Change(); });
-    OnEvent(ui_->sliderStatsRange, &QSlider::sliderMoved, this, [this] { sliderStatsRange_Scroll(); });
+    for (const auto moved : {&QSlider::sliderMoved, &QSlider::actionTriggered}) // by mouse and by keyboard
+        OnEvent(ui_->sliderStatsRange, moved, this, [this] { sliderStatsRange_Scroll(); });
     screens().OnActivate(this, [this] { Form_Activate(); });
 }
 
@@ -100,9 +101,8 @@ void frmPolygonSHP::Form_Load() {
     ShowCusumLegend(false);
     ShowMLegend(false);
     setWindowTitle(QString::fromStdString(ws.ShapeFileTitleSaved));
-    const QSize inner(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit));
-    Frame()->resize(inner.grownBy(Frame()->contentsMargins())); // its title bar and border
-    resize(inner); // a hidden window passes its size on only when it is shown
+    Frame()->resize(static_cast<int>(width / LayoutUnit), static_cast<int>(height / LayoutUnit));
+    resize(Frame()->contentsRect().size()); // a hidden window passes its size on only when it is shown
     Frame()->move(0, 0);
     ui_->picForm->Erase();
     arranged_ = {};
@@ -143,15 +143,21 @@ PolygonMap frmPolygonSHP::Map() {
     return {*ui_->picForm, *ui_->picSHP, The<frmClusterDetection>().Variable()};
 }
 
-/// At the first show the order is load, resize, the drawing, activate, all within the call.
+bool frmPolygonSHP::IsShown() {
+    return IsLoaded() && !Frame()->isHidden();
+}
+
+/// At the first show the order is load, resize, the drawing, activate, all within the call. A window whose
+/// first drawing ended in a fault is loaded and waits for one that does not.
 void frmPolygonSHP::Draw(const std::function<void(const PolygonMap&)>& drawing) {
-    const bool first = !IsLoaded();
-    if (first) {
+    if (!IsLoaded() && ws.ShapeFilePath.empty()) return; // nothing to be drawn
+    const bool shown = IsShown();
+    if (!shown) {
         Load();
         Form_Resize();
     }
     drawing(Map());
-    if (first) Show();
+    if (!shown) Show();
 }
 
 void frmPolygonSHP::DrawPlainMap() {
@@ -175,10 +181,13 @@ void frmPolygonSHP::DrawHighlight(std::ptrdiff_t region) {
 }
 
 void frmPolygonSHP::ClearMap() {
-    Draw([](const PolygonMap& map) {
+    const bool shown = IsShown();
+    const auto clear = [](const PolygonMap& map) {
         ClearPrint(map);
         vastrel::DrawPlainMap(map.picSHP);
-    });
+    };
+    Draw(clear);
+    if (!shown) Draw(clear); // coming to the front has painted the statistic of an earlier run
 }
 
 void frmPolygonSHP::ClearMapIfOpen(bool withSettledPan) {
@@ -227,11 +236,12 @@ void frmPolygonSHP::Toolbar1_ButtonClick(const std::string& key) {
 }
 
 void frmPolygonSHP::Animate() {
+    auto& test = The<frmClusterDetection>();
     const int run = BeginRun();
-    auto& list = The<frmClusterDetection>().GlobalPatternSummary();
-    const bool ended =
-        AnimateBandwidths(Map(), {[this, run] { return run == Generation() && IsLoaded(); },
-                                  [&list](std::ptrdiff_t row) { list.SetListIndex(static_cast<int>(row)); }});
+    const int testRun = test.Generation(); // another run, and the end of the test, end the animation too
+    const bool ended = AnimateBandwidths(
+        {[&] { return run == Generation() && testRun == test.Generation(); }, [this] { return Map(); },
+         [&test](std::ptrdiff_t row) { test.GlobalPatternSummary().SetListIndex(static_cast<int>(row)); }});
     if (!ended) return;
     ui_->sliderStatsRange->show();
     ui_->lblAni->show();

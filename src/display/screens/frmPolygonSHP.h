@@ -70,6 +70,7 @@ private:
     void sliderStatsRange_Change();
     void Animate();
 
+    bool IsShown();
     void Draw(const std::function<void(const PolygonMap&)>& drawing);
 
     std::unique_ptr<Ui::frmPolygonSHP> ui_;

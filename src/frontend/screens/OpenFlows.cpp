@@ -62,7 +62,8 @@ void OpenShapeRetro(MDIFrmMain& frame) {
 }
 
 void OpenShapePro(MDIFrmMain& frame) {
-    // The screen of the test itself stays here too.
+    // The screen of the test itself stays here too; what it plays belongs to the map that goes.
+    EndWatchRun();
     UnloadRetroScreen();
     The<frmClusterDetectionTextfile>().Unload();
     The<frmUnivariateCusumTextfile>().Unload();

@@ -37,6 +37,10 @@ void UnloadWatchScreen() {
     The<frmUnivariate>().Unload();
 }
 
+void EndWatchRun() {
+    The<frmUnivariate>().BeginRun();
+}
+
 void ShowWatchScreen() {
     The<frmUnivariate>().Show();
 }

@@ -20,8 +20,10 @@ void TakeAlphaValues();
 /// The chart of a sweep over bandwidths.
 void UnloadSigmaChart();
 
-/// The screen of the prospective test.
+/// The screen of the prospective test. A run or a flash that it plays at this moment can be ended, which then
+/// finds itself replaced; the screen stays as it stands.
 void UnloadWatchScreen();
+void EndWatchRun();
 void ShowWatchScreen();
 
 /// The chart of one Region.

@@ -187,7 +187,8 @@ void frmUnivariateCusumTextfile::AddPeriodRowTextfile(std::ptrdiff_t t) {
 
 void frmUnivariateCusumTextfile::DrawCusumPoints(std::ptrdiff_t period) {
     currentPeriod_ = period;
-    map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, watch_.N, period, ws.HValue);
+    const std::ptrdiff_t points = Start() == StartOption::None ? 0 : watch_.N; // none without an option
+    map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, points, period, ws.HValue);
 }
 
 void frmUnivariateCusumTextfile::PeriodSelected() {

@@ -117,9 +117,8 @@ void RetroScreen::cboAlpha_Click() {
 
 void RetroScreen::cmdRun_Click() {
     BeginRun();
-    if (!(IsSingleSigma() ? RunSingle() : RunRange())) return;
-    platform().SetBusyPointer(false);
-    cmdSave->setEnabled(true);
+    ClearForRun();
+    if (IsSingleSigma() ? RunSingle() : RunRange()) cmdSave->setEnabled(true);
 }
 
 bool RetroScreen::RunSingle() {
@@ -130,6 +129,7 @@ bool RetroScreen::RunSingle() {
     lstGlobalPatternSummary->AddItems(lists.Global);
     lstLocalPatternSummary->AddItems(lists.Local);
     ShowRetroMap(MapClassValues(Variable()), MapDrawValues(Variable()));
+    platform().SetBusyPointer(false);
     ShowMLegend(!MapsScore(Variable()));
     ws.bRetroMapping = true;
     FinishSingleRun();
@@ -149,6 +149,7 @@ bool RetroScreen::RunRange() {
     if (!ran) return false;
     ws.bRetroMapping = true;
     FinishSweep();
+    platform().SetBusyPointer(false);
     return true;
 }
 

@@ -38,8 +38,8 @@ protected:
 
     void Form_Load() override;
 
-    /// What comes before the parameters are read, beside the lists: the map of a run begins plain.
-    virtual void BeginRun() = 0;
+    /// What comes before the parameters are read: the lists go, and the map of a run begins plain.
+    virtual void ClearForRun() = 0;
     virtual void ShowRetroMap(Array1<double>& classValues, const Array1<double>& drawValues) = 0;
     virtual void DrawPlain() = 0;
     virtual void ShowMLegend(bool shown) = 0;

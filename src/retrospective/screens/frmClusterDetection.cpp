@@ -60,7 +60,7 @@ void frmClusterDetection::cmdExit_Click() {
     MapWindow().Unload();
 }
 
-void frmClusterDetection::BeginRun() {
+void frmClusterDetection::ClearForRun() {
     MapWindow().ClearMap();
     MapWindow().HideAnimationControls();
     MapWindow().ShowMLegend(false);

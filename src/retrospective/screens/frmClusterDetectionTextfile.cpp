@@ -61,7 +61,7 @@ void frmClusterDetectionTextfile::EnableRun() {
     ui_->cmdRun->setEnabled(true);
 }
 
-void frmClusterDetectionTextfile::BeginRun() {
+void frmClusterDetectionTextfile::ClearForRun() {
     ui_->lstGlobalPatternSummary->Clear();
     ui_->lstLocalPatternSummary->Clear();
     DrawPlain(); // the study area is taken from these positions

@@ -26,7 +26,7 @@ public:
 protected:
     void Form_Load() override;
 
-    void BeginRun() override;
+    void ClearForRun() override;
     void ShowRetroMap(Array1<double>& classValues, const Array1<double>& drawValues) override;
     void DrawPlain() override;
     void ShowMLegend(bool shown) override;

@@ -29,6 +29,7 @@ void frmSigmaChart::ShowSweep(RetroVariable variable) {
     ui_->lblStats->setText(SweepStatCaption(variable));
     ui_->lblCriticalStats->setText(SweepCriticalCaption(variable));
     ui_->chartPlotStatistics->SetRows(ws.ChartData, ws.ChartLabels);
+    ui_->chartPlotStatistics->SetSpokenNames(SweepStatCaption(variable), SweepCriticalCaption(variable));
     Show();
 }
 

@@ -7,6 +7,8 @@
 #include "ui_frmAttTable.h"
 #include "workspace/Workspace.h"
 
+#include <algorithm>
+
 namespace vastrel {
 
 frmAttTable::frmAttTable()
@@ -36,18 +38,24 @@ void frmAttTable::Form_Load() {
 }
 
 void frmAttTable::Fill() {
-    constexpr int rowsToMeasure = 50;
     grid_->Show(nullptr);
     try {
         AttributeTable().MoveFirst();
         if (ws.DbfFilePath.find_first_not_of(' ') == std::string::npos) return;
         grid_->Show(ws.AttributeRecordset);
-        ui_->MSFlexGrid1->horizontalHeader()->setResizeContentsPrecision(rowsToMeasure);
-        ui_->MSFlexGrid1->resizeColumnsToContents();
+        FitColumns();
     } catch (const RunTimeError& error) {
         Tell(error.Description());
         NameTable();
     }
+}
+
+/// So many cells are measured that all of an ordinary table are, and a large one still shows at once.
+void frmAttTable::FitColumns() {
+    constexpr int cellsToMeasure = 10000;
+    const int rows = cellsToMeasure / std::max(1, grid_->columnCount());
+    ui_->MSFlexGrid1->horizontalHeader()->setResizeContentsPrecision(rows);
+    ui_->MSFlexGrid1->resizeColumnsToContents();
 }
 
 } // namespace vastrel

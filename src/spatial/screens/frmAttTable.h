@@ -31,6 +31,7 @@ protected:
 
 private:
     void Fill();
+    void FitColumns();
 
     std::unique_ptr<Ui::frmAttTable> ui_;
     AttributeModel* grid_;

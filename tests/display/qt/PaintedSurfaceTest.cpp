@@ -22,6 +22,25 @@ TEST(PaintedSurfaceTest, KeepsARangeOfFiveDigitsBesideTheMap) {
     EXPECT_LE(400 / LayoutUnit + metrics.horizontalAdvance(" -12345.6789   -   -12345.6789"), 170 - 4);
 }
 
+// On the polygon map the texts begin at 400 layout units and the map at 1980: 105 pixels.
+TEST(PaintedSurfaceTest, NarrowsATextThatIsWiderThanTheRoomBesideThePolygons) {
+    const auto lastInk = [](const std::string& text) {
+        const std::string png = PngPicture(FramedSurface(3060, 460), 1, [&](PlotSurface& surface) {
+            surface.Text(400 / LayoutUnit, 5, text);
+        });
+        const QImage image = QImage::fromData(QByteArray::fromStdString(png), "PNG");
+        int last = -1;
+        for (int x = 0; x < image.width(); ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (image.pixelColor(x, y).lightness() < 128) last = x;
+        return last;
+    };
+    const int wide = lastInk(" -12345.6789   -   -12345.6789");
+    EXPECT_LT(wide, 132);
+    EXPECT_GT(wide, 120);
+    EXPECT_LT(lastInk(" -1.0000   -   0.0000"), 105); // others stay as they are
+}
+
 TEST(PaintedSurfaceTest, FillsByTheAlternateRule) {
     // A pentagram: its heart is wound twice and stays empty.
     const std::string png = PngPicture(FramedSurface(1560, 1560), 1, [](PlotSurface& surface) {

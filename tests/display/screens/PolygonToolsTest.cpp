@@ -340,6 +340,7 @@ TEST_F(PolygonToolsTest, GoesOnWithAZoomInsideAFlash) {
 }
 
 TEST_F(PolygonToolsTest, EndsAFlashQuietlyWhoseWindowIsClosed) {
+    Set(Mode::Cusum); // the chart of a Region needs its sums
     for (const char* tool : {"ID", "Graph"}) {
         Map.DrawPlainMap();
         Tool(tool);

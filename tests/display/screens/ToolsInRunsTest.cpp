@@ -11,6 +11,7 @@
 #include "workspace/Workspace.h"
 
 #include <QAction>
+#include <QSlider>
 
 using namespace vastrel;
 
@@ -211,6 +212,19 @@ TEST_F(ToolsInRuns, ServeInsideTheAnimationOfTheBandwidths) {
         last(i) = ws.StatisticTable(i, 2);
     const QImage shown = Map.Picture();
     EXPECT_EQ(shown, Statistic(last));
+}
+
+TEST_F(ToolsInRuns, AnimateARangeOfOneBandwidthInOneFrame) {
+    OpenForRetro();
+    ScreenTest::Press(Retro, "optSpatialSigmaRange");
+    Type(Retro, "txtFromSigma", "1");
+    Type(Retro, "txtToSigma", "1.1");
+    Type(Retro, "txtStep", "1"); // 0.1 / 1 + 1, rounded
+    ScreenTest::Press(Retro, "cmdRun");
+    Push("MapAnimation");
+    EXPECT_EQ(Script.YieldCalls(), 1);
+    EXPECT_EQ(Retro.GlobalPatternSummary().ListIndex(), 2);
+    EXPECT_EQ(The_<QSlider>(MapWindow, "sliderStatsRange")->maximum(), 0);
 }
 
 TEST_F(ToolsInRuns, BringThePeriodBackAfterAWatch) {

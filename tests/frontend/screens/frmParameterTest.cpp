@@ -182,6 +182,34 @@ TEST_F(ParameterTest, StaysOnABadRow) {
     EXPECT_EQ(ws.TotalObs, 10);
 }
 
+TEST_F(ParameterTest, RefusesAPopulationOfZero) {
+    Parameter.Unload();
+    OpenPro(WriteDataset(Folder, "empty", {{"KEY", 'C', 4}, {"POP", 'N', 4}, {"CASES", 'N', 4}},
+                         {{"a", "10", "0"}, {"b", "0", "0"}, {"c", "*", "1"}}));
+    Parameter.Show();
+    PickPopCase();
+    Refused("Data include invalid values. Check data and try again!"); // the first bad row decides
+    EXPECT_EQ(CurrentText("KEY"), "b");
+    EXPECT_FALSE(ws.PopBase.IsAllocated());
+    EXPECT_EQ(Shown(Parameter, "cboBasePopulation"), "POP");
+    EXPECT_FALSE(Retro.IsLoaded());
+}
+
+// A secondary id that is ticked and not chosen, with all else complete: the words of the other format.
+TEST_F(ParameterTest, MissesTheSecondaryIdOfObservedAndExpectedCounts) {
+    Press(Parameter, "optObsExp");
+    Pick(Parameter, "cboObs", "CASES");
+    Pick(Parameter, "cboExp", "EXPECTED");
+    Pick(Parameter, "cboPrimaryID", "KEY");
+    TickSecondary();
+    Refused(MissingBoth);
+    Pick(Parameter, "cboSecondaryID", "DAY");
+    OK();
+    EXPECT_FALSE(Parameter.IsLoaded());
+    EXPECT_TRUE(ws.bUseSecondaryID);
+    EXPECT_EQ(ws.SecondaryIDs(3), "2026-11-22");
+}
+
 TEST_F(ParameterTest, StaysAfterAFault) {
     Parameter.Unload();
     OpenPro(WriteDataset(Folder, "none", {{"KEY", 'C', 4}, {"POP", 'N', 4}, {"CASES", 'N', 4}},

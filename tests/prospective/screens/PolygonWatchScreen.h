@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/PolygonView.h"
+#include "display/qt/PlotWidget.h"
 #include "display/screens/frmGraph.h"
 #include "display/screens/frmPolygonSHP.h"
 #include "frontend/screens/frmSelectName.h"
@@ -29,7 +31,8 @@ protected:
     static constexpr const char* CusumFilter = "cusum files (*.csm)|*.csm";
     static constexpr int FieldCount = 7;
 
-    void Open(size_t records = 3) {
+    /// Opens the dataset as a new one, with one id or two; fewer records leave the last squares without one.
+    void Open(const char* id = "NAME", const char* id2 = "", size_t records = 3) {
         ShapefileBytes shapes(5);
         for (const double x : {0.0, 1.0, 5.0})
             shapes.Add(PolygonContents({ClockwiseSquare(x, 0, 1)}));
@@ -49,9 +52,20 @@ protected:
                                              rows));
         Script.ExpectFile(FileQuestion::Kind::Open, ShapeFilter, path);
         Command("mnuOpenShapePro");
-        The_<QAbstractButton>(Names, "chkPrimaryID")->setChecked(true);
-        The_<ComboBox>(Names, "cmbName1")->SetListIndex(1);
+        TakeIDs(id, id2);
+    }
+
+    void TakeIDs(const std::string& id, const std::string& id2) {
+        TakeID("chkPrimaryID", "cmbName1", id);
+        if (!id2.empty()) TakeID("chkSecondary", "cmbName2", id2);
         Press(Names, "cmdOK");
+    }
+    void TakeID(const char* box, const char* list, const std::string& column) {
+        The_<QAbstractButton>(Names, box)->setChecked(true);
+        PickColumn(The_<ComboBox>(Names, list), column);
+    }
+    void PickColumn(ComboBox* list, const std::string& column) {
+        list->SetListIndex(list->findText(QString::fromStdString(column)));
     }
 
     ComboBox* From() { return The_<ComboBox>(Screen, "cboStartZ"); }
@@ -79,6 +93,14 @@ protected:
     ListBox* Regions() { return The_<ListBox>(Screen, "lstRegion"); }
     bool CanSaveResult() { return IsEnabled(Screen, "cmdSaveResult"); }
     bool CanSaveCusum() { return IsEnabled(Screen, "cmdSaveCusum"); }
+
+    /// The colour of the map at a place on the middle line of the squares.
+    QColor ColourOf(double x) {
+        const PlotPoint at = WorldToPlot(x, 0.5);
+        const QImage picture = The_<PlotWidget>(Map, "picSHP")->Picture();
+        return picture.pixelColor((QPointF(at.X, at.Y) * picture.devicePixelRatio()).toPoint());
+    }
+    static inline const QColor White{255, 255, 255}, Red{255, 0, 0}, Yellow{255, 255, 0};
 
     TemporaryFolder Folder;
     frmSelectName& Names = The<frmSelectName>();

@@ -290,6 +290,20 @@ TEST_F(WatchToolsTest, IsQuietWhereTheMapHasNoScale) {
     EXPECT_EQ(Display(), "");
 }
 
+TEST_F(WatchToolsTest, DrawsNoPointsWhereNoStartOptionIsSet) {
+    RunFromStart();
+    auto* zero = The_<OptionButton>(Screen, "optZero");
+    zero->setAutoExclusive(false); // a group of options that has none cannot come about by the mouse
+    zero->setChecked(false);
+    Tool("optZoomOut");
+    Click({50, 60});
+    QImage white = picPoint.Picture();
+    white.fill(Qt::white);
+    EXPECT_EQ(picPoint.Picture(), white);
+    zero->setChecked(true);
+    zero->setAutoExclusive(true);
+}
+
 TEST_F(WatchToolsTest, ActsInsideTheWaitOfAFrame) {
     LoadForStart();
     Script.AtYield(3, [this] { // period 2 is on show; its list is not filled yet

@@ -1,7 +1,10 @@
 #include "prospective/screens/PolygonWatchScreen.h"
 #include "support/screens/ScreenChecks.h"
 
-#include <functional>
+#include <QAbstractItemView>
+#include <QLabel>
+
+#include <filesystem>
 
 using namespace vastrel;
 
@@ -78,6 +81,9 @@ TEST_F(frmUnivariateTest, TestsTheFirstAndTheLastColumnAlone) {
     From()->SetListIndex(1);
     EXPECT_EQ(From()->Text(), "");
     EXPECT_EQ(From()->ListCount(), 3 * FieldCount);
+    From()->showPopup();
+    Shot(*From()->view()->window(), "frmUnivariate_grownList");
+    From()->hidePopup();
     Script.ExpectMessage("Data should be numerical values!"); // a null is no number
     To()->SetListIndex(5);
     EXPECT_EQ(To()->Text(), "");
@@ -95,6 +101,7 @@ TEST_F(frmUnivariateTest, TestsTheFirstAndTheLastColumnAlone) {
 }
 
 TEST_F(frmUnivariateTest, RunsFromFields) {
+    Script.AtYield(3, [this] { Shot(Frame, "frmUnivariate_running"); });
     RunFields();
     EXPECT_EQ(Rows(Periods()), PeriodRows);
     EXPECT_EQ(Periods()->ListIndex(), 4); // the last period, picked by itself
@@ -126,7 +133,7 @@ TEST_F(frmUnivariateTest, RunsFromATextFile) {
 }
 
 TEST_F(frmUnivariateTest, ListsTheRegionsThatHaveARecord) {
-    Open(2);
+    Open("NAME", "", 2);
     Press(Screen, "optExistingTextfile");
     ExpectText();
     Run();
@@ -198,7 +205,9 @@ TEST_F(frmUnivariateTest, SavesItsFiles) {
     RunFields();
     Script.ExpectFile(FileQuestion::Kind::Save, TextFilter, "");
     Press(Screen, "cmdSaveResult"); // a cancel ends it
-    EXPECT_TRUE(CanSaveResult());
+    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, "");
+    Press(Screen, "cmdSaveCusum");
+    EXPECT_TRUE(CanSaveResult() && CanSaveCusum());
     Script.ExpectFile(FileQuestion::Kind::Save, TextFilter, Folder / "r.txt");
     Press(Screen, "cmdSaveResult");
     EXPECT_FALSE(CanSaveResult());
@@ -210,10 +219,46 @@ TEST_F(frmUnivariateTest, SavesItsFiles) {
     EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
 }
 
+TEST_F(frmUnivariateTest, TellsOfAReportWithoutAName) {
+    RunFields();
+    Script.SetBusyPointer(true);
+    Script.ExpectNoName(FileQuestion::Kind::Save, TextFilter);
+    Script.ExpectMessage("You didn't specify data file.");
+    Press(Screen, "cmdSaveResult");
+    EXPECT_FALSE(CanSaveResult() || Script.BusyPointer());
+    EXPECT_TRUE(CanSaveCusum());
+}
+
+TEST_F(frmUnivariateTest, PassesOverAFaultWhileItWritesTheCusums) {
+    RunFields();
+    std::filesystem::create_directory(Folder / "c.csm");
+    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
+    Press(Screen, "cmdSaveCusum");
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
+}
+
 TEST_F(frmUnivariateTest, WritesEmptyLinesBeforeAnyRun) {
     Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
     Press(Screen, "cmdSaveCusum");
     EXPECT_EQ(ReadFile(Folder / "c.csm"), "\n\n\n\n"); // the header and a line for each record
+}
+
+TEST_F(frmUnivariateTest, ShowsTheClassesBesideTheMapFromTheFirstFrameOn) {
+    Script.AtYield(1, [this] { EXPECT_FALSE(IsShown(Map, "picLegend")); });
+    Script.AtYield(2, [this] { EXPECT_TRUE(IsShown(Map, "picLegend")); });
+    RunFields();
+    ExpectCaptions(Map, {{"frmPolygonSHP", "three.shp"},
+                         {"Label1", ""},
+                         {"lblLeg0", "< 25%"},
+                         {"lblLeg1", "< 50%"},
+                         {"lblLeg2", "< 75%"},
+                         {"lblLeg3", "< 100%"},
+                         {"lblLeg4", "SIGNAL"}});
+    const QColor colours[] = {White, {0, 255, 255}, {128, 128, 255}, {0, 0, 192}, Red};
+    for (int i = 0; i < 5; ++i) {
+        auto* label = The_<QLabel>(Map, QString("lblLeg%1").arg(i).toUtf8());
+        EXPECT_EQ(label->grab().toImage().pixelColor(1, 1), colours[i]) << i;
+    }
 }
 
 TEST_F(frmUnivariateTest, LeavesThePlainMapWhenItCloses) {
@@ -223,47 +268,115 @@ TEST_F(frmUnivariateTest, LeavesThePlainMapWhenItCloses) {
     EXPECT_FALSE(IsShown(Map, "picLegend"));
     EXPECT_FALSE(Map.IsToolPressed("Graph"));
     EXPECT_FALSE(ws.bCusumMapping);
+    EXPECT_EQ(ColourOf(5.5), White);
 }
 
-TEST_F(frmUnivariateTest, StaysAsItStoodWhenAnotherDatasetIsOpened) {
+TEST_F(frmUnivariateTest, LeavesAClosedMapClosedWhenItCloses) {
     RunFields();
-    Open();
-    EXPECT_EQ(Rows(Periods()), PeriodRows);
-    EXPECT_EQ(From()->ListCount(), 2 * FieldCount);
+    Regions()->SetListIndex(0);
+    EXPECT_TRUE(Graph.IsLoaded());
+    Map.Frame()->close();
+    Screen.Frame()->close();
+    EXPECT_FALSE(Screen.IsLoaded() || Graph.IsLoaded() || Map.IsLoaded());
+    EXPECT_FALSE(ws.bCusumMapping);
 }
 
-TEST_F(frmUnivariateTest, EndsQuietlyWhereTheScreenOrItsRunIsGone) {
-    for (const int wait : {1, 2, 3}) {
-        Pick(2, 4);
-        Script.AtYield(wait, [this] { Screen.Frame()->close(); });
+TEST_F(frmUnivariateTest, TakesTheSpeedWhenARunStarts) {
+    for (const auto& [speed, yields] :
+         {std::pair{"optMedium", "yield 120001\n"}, std::pair{"optSlow", "yield 300001\n"},
+          std::pair{"optFast", "yield 2\n"}}) {
+        Press(Screen, speed);
+        Pick(2, 2);
+        const size_t before = Script.Transcript().size();
         Run();
-        EXPECT_FALSE(Screen.IsLoaded());
-        EXPECT_FALSE(Script.BusyPointer());
-        EXPECT_FALSE(ws.bCusumMapping);
-        Screen.Show();
-
-        Pick(2, 4);
-        Script.AtYield(wait, [this] { Run(); });
-        Run();
-        EXPECT_EQ(Rows(Periods()), PeriodRows) << wait;
-        EXPECT_FALSE(Script.BusyPointer());
-        EXPECT_TRUE(ws.bCusumMapping);
+        EXPECT_EQ(Script.Transcript().substr(before),
+                  std::string("pointer busy\n") + yields + "pointer normal\n");
     }
+    EXPECT_EQ(ws.AnimationDelay, 1);
 }
 
-TEST_F(frmUnivariateTest, PlaysOnWhereOnlyTheMapOrAListIsTouched) {
-    const std::function<void()> events[] = {
-        [this] { Map.Frame()->close(); }, [this] { Map.Frame()->resize(400, 300); },
-        [this] { Periods()->SetListIndex(0); }, [this] { Graph.Frame()->close(); },
-        [this] { Press(Screen, "optPre"); }};
-    for (const auto& event : events)
-        for (const int wait : {1, 2, 3}) {
-            Press(Screen, "optZero");
-            Pick(2, 4);
-            Script.AtYield(wait, event);
-            Run();
-            EXPECT_EQ(Rows(Periods()), PeriodRows);
-            EXPECT_TRUE(Map.IsLoaded() && ws.bCusumMapping && CanSaveCusum());
-            EXPECT_FALSE(Script.BusyPointer());
-        }
+TEST_F(frmUnivariateTest, RunsWithZeroForReferenceAndThreshold) {
+    Type(Screen, "txtKvalue", "0");
+    Type(Screen, "txtHvalue", "0");
+    RunFields();
+    Periods()->SetListIndex(2);
+    EXPECT_EQ(Rows(Regions()), (Texts{"    1.00 <---                 A", "    6.00 <---                 B"}));
+    EXPECT_EQ(ColourOf(0.5), Red); // every positive cusum signals, and 0 is white
+    EXPECT_EQ(ColourOf(5.5), White);
+}
+
+TEST_F(frmUnivariateTest, RunsASinglePeriod) {
+    Pick(2, 2);
+    Run();
+    EXPECT_EQ(Rows(Periods()), (Texts{Titles, Rule, PeriodRows[2], Rule}));
+    EXPECT_EQ(ws.CusumChartData.UpperBound1(), 0);
+    EXPECT_EQ(Text(Screen, "lblY"), "1");
+    Shot(Frame, "frmUnivariate_single");
+}
+
+TEST_F(frmUnivariateTest, EmptiesTheColumnsWithTheDataOption) {
+    Pick(2, 4);
+    Press(Screen, "optExistingTextfile");
+    EXPECT_EQ(From()->Text() + To()->Text(), "");
+    Press(Screen, "optFieldSelection");
+    EXPECT_TRUE(From()->isEnabled());
+    EXPECT_FALSE(To()->isEnabled());
+    EXPECT_EQ(From()->Text() + To()->Text(), "");
+    Script.ExpectMessage("Both start and end period should be determined.");
+    Run();
+}
+
+TEST_F(frmUnivariateTest, EndsSavingWithAChangeOfTheStart) {
+    RunFields();
+    Press(Screen, "optPre");
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
+    Press(Screen, "optZero");
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
+    EXPECT_EQ(Rows(Periods()), PeriodRows); // what is shown stays
+    EXPECT_TRUE(ws.bCusumMapping);
+}
+
+TEST_F(frmUnivariateTest, ColoursTheMapByThePeriodThatIsPicked) {
+    RunFields();
+    EXPECT_EQ(ColourOf(0.5), QColor(128, 128, 255)); // 5.5, above a half of 9.3
+    EXPECT_EQ(ColourOf(5.5), Red);
+    Periods()->SetListIndex(2);
+    EXPECT_EQ(ColourOf(0.5), White);
+    EXPECT_EQ(ColourOf(1.5), QColor(128, 128, 255));
+    Map.Frame()->close();
+    Periods()->SetListIndex(3); // which shows the map again
+    EXPECT_TRUE(Map.isVisible() && Map.IsToolPressed("Graph"));
+    EXPECT_EQ(ColourOf(1.5), Red);
+    Periods()->SetListIndex(5); // the closing row
+    EXPECT_EQ(ColourOf(1.5), White);
+}
+
+TEST_F(frmUnivariateTest, LabelsWithBothIdsWhereTheRecordsAreRead) {
+    Screen.Unload();
+    Open("NAME", "KEY");
+    RunFields();
+    const Texts labelled{Titles,
+                         Rule,
+                         "    1     5.50               B (8) ",
+                         "    2    11.00               B (8) ",
+                         "    3    10.00               C (9) ",
+                         Rule};
+    EXPECT_EQ(Rows(Periods()), labelled);
+    EXPECT_EQ(Rows(Regions()), (Texts{"   10.00 <---            C (9) "}));
+    Regions()->SetListIndex(0);
+    EXPECT_EQ(Text(Graph, "Text1"), "C (9)  in 3: ---> 10.00");
+    Script.ExpectFile(FileQuestion::Kind::Save, TextFilter, Folder / "r.txt");
+    Press(Screen, "cmdSaveResult");
+    EXPECT_NE(ReadFile(Folder / "r.txt").find("            C (9) , \n"), std::string::npos);
+    EXPECT_NE(ReadFile(Folder / "r.txt").find("\n" + std::string(30, ' ') + "C (9) ,  0.0000,"),
+              std::string::npos);
+
+    Press(Screen, "optExistingTextfile"); // the maxima carry the first id alone, the signals both
+    ExpectText();
+    Run();
+    EXPECT_EQ(Rows(Periods()), PeriodRows);
+    EXPECT_EQ(Rows(Regions()), (Texts{"   10.00 <---            C (9) "}));
+    Regions()->SetListIndex(0);
+    EXPECT_EQ(Text(Graph, "Text1"), "C (9)  in 3: ---> 10.00");
+    Shot(Frame, "frmUnivariate_twoIds");
 }

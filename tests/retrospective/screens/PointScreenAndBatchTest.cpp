@@ -1,5 +1,5 @@
 #include "retrospective/screens/PointScreen.h"
-#include "support/BatchProgram.h"
+#include "retrospective/screens/RetroBatch.h"
 
 #include <ostream>
 
@@ -29,39 +29,17 @@ std::vector<Dataset> Datasets() {
     return all;
 }
 
-const std::pair<const char*, const char*> Variables[] = {{"optUnadjusted", "unadjusted"},
-                                                         {"optAdjusted_Generic", "adjusted"},
-                                                         {"optStandard", "freeman-tukey"},
-                                                         {"optRossi", "rossi"}};
-
 /// The screen and the batch program do the same work on the same core: rows and files are the same bytes.
 class PointScreenAndBatch : public PointScreenTest, public testing::WithParamInterface<Dataset> {
 protected:
     void ExpectTheSame(const char* variable, const std::vector<std::string>& bandwidth) {
-        const std::string lists = Folder / "lists.txt", report = Folder / "batch.txt";
-        std::vector<std::string> words{"--quiet",
-                                       "retrospective-points",
-                                       GetParam().Path,
-                                       "--format",
-                                       GetParam().Format,
-                                       "--variable",
-                                       variable,
-                                       "--lists",
-                                       lists,
-                                       "--report",
-                                       report};
-        words.insert(words.end(), bandwidth.begin(), bandwidth.end());
-        const BatchResult batch = RunBatch(words);
-        ASSERT_EQ(batch.Status, 0) << batch;
-        std::string shown;
-        for (const auto& row : Rows(Global()))
-            shown += row + "\n";
-        shown += "\n";
-        for (const auto& row : Rows(Local()))
-            shown += row + "\n";
-        EXPECT_EQ(shown, ReadFile(lists));
+        std::vector<std::string> test{"--variable", variable};
+        test.insert(test.end(), bandwidth.begin(), bandwidth.end());
+        const RetroBatch batch =
+            RunRetroBatch({"retrospective-points", GetParam().Path, "--format", GetParam().Format}, test);
+        EXPECT_EQ(JoinedLists(Rows(Global()), Rows(Local())), batch.Lists);
         Save(Folder / "screen.txt");
-        EXPECT_EQ(ReadFile(Folder / "screen.txt"), ReadFile(report));
+        EXPECT_EQ(ReadFile(Folder / "screen.txt"), batch.Report);
     }
 };
 
@@ -69,7 +47,7 @@ protected:
 
 TEST_P(PointScreenAndBatch, GiveTheSameRowsAndReports) {
     Load(GetParam().Path, GetParam().Option);
-    for (const auto& [option, variable] : Variables) {
+    for (const auto& [option, variable] : RetroVariables) {
         Press(Screen, option);
         for (const char* sigma : {"0", "0.5", "1", "2"}) {
             SCOPED_TRACE(std::string(variable) + " " + sigma);

@@ -78,6 +78,18 @@ TEST_F(AttTableTest, TellsWhyItCannotBeFilled) {
     EXPECT_EQ(Cells()->model()->rowCount(), 0);
 }
 
+TEST_F(AttTableTest, ShowsEveryNameOnOneLine) {
+    const std::string longName = "Altenkirchen (Westerwald)";
+    std::vector<std::vector<std::string>> rows(400, {"Trier", "1"});
+    rows[399][0] = longName;
+    OpenAs("t.dbf", {{"NAME", 'C', 40}, {"POP", 'N', 6}}, rows);
+    Grid.Show();
+    const auto* cells = Cells();
+    EXPECT_GT(cells->columnWidth(0),
+              cells->fontMetrics().horizontalAdvance(QString::fromStdString(longName)));
+    EXPECT_FALSE(cells->wordWrap());
+}
+
 TEST_F(AttTableTest, FollowsItsWindow) {
     OpenAs("t.dbf", {{"KEY", 'C', 4}}, {{"a"}});
     Grid.Show();
@@ -100,4 +112,6 @@ TEST_F(AttTableTest, ShowsTheNamesOfTheGermanDistricts) {
     Shot(Grid, "table-imd");
     Grid.Frame()->resize(1000, 600);
     Shot(Grid, "table-imd-large");
+    Cells()->scrollTo(Cells()->model()->index(150, 19)); // the columns with nulls
+    Shot(Grid, "table-imd-nulls");
 }

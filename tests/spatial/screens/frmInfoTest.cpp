@@ -62,9 +62,13 @@ TEST_F(InfoTest, LosesItsRowsWithItsLoad) {
 }
 
 TEST_F(InfoTest, FollowsItsWindow) {
+    const int fieldsBefore = The_<QAbstractButton>(Info, "Command1")->width();
     Info.resize(500, 400);
     EXPECT_EQ(The_<ListBox>(Info, "lstInfo")->width(), 500);
     EXPECT_EQ(The_<ListBox>(Info, "lstInfo")->geometry().bottom(), 399);
+    // The heads stay above their columns: the second takes the new room.
+    EXPECT_EQ(The_<QAbstractButton>(Info, "Command1")->width(), fieldsBefore);
+    EXPECT_EQ(The_<QAbstractButton>(Info, "Command2")->geometry().right(), 499);
 }
 
 TEST_F(InfoTest, GoesWithTheFrame) {
@@ -77,4 +81,6 @@ TEST_F(InfoTest, ShowsAGermanDistrict) {
     Info.FillInfoList(0);
     EXPECT_EQ(Shown().size(), 20u);
     Shot(Info, "info-imd");
+    Info.resize(480, 480);
+    Shot(Info, "info-imd-large");
 }
