@@ -21,7 +21,8 @@ void WatchCommand::AddOutputs() {
     AddWatchTexts(outputs_, options_,
                   {results, labels, RegionCount(), PeriodCount(), StudyArea(), PlayPeriods()});
     if (!options_.Cusum.empty())
-        outputs_.Add(options_.Cusum, JoinLines(CusumFileLines(results.Cusum, RegionCount(), PeriodCount())));
+        outputs_.Add(options_.Cusum,
+                     JoinLines(CusumFileLines(results.Cusum, labels.UpperBound(), PeriodCount())));
     AddWatchChart(outputs_, options_.Chart);
     AddMaps();
 }

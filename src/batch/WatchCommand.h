@@ -26,7 +26,8 @@ protected:
     virtual std::ptrdiff_t PeriodCount() const = 0;
     virtual double StudyArea() const = 0;
 
-    /// The labels in the list of the Regions that signal.
+    /// The labels in the list of the Regions that signal. The list and the cusum file go through the Regions
+    /// that have one: all points, and the polygons that have a record.
     virtual Array1<std::string> SignalLabels() = 0;
 
     /// Prepares the chart; puts a period into it and gives the row of the period.

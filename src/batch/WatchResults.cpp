@@ -15,7 +15,7 @@ using Json = nlohmann::ordered_json;
 namespace {
 
 std::vector<std::ptrdiff_t> SignalsIn(const WatchRun& watch, std::ptrdiff_t period) {
-    return SignaledRegions(watch.Run.Cusum, watch.RegionCount, period, ws.HValue);
+    return SignaledRegions(watch.Run.Cusum, watch.SignalLabels.UpperBound(), period, ws.HValue);
 }
 
 std::string ListsOf(const WatchRun& watch) {

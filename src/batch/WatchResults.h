@@ -9,7 +9,7 @@ namespace vastrel {
 /// A finished run as the two prospective commands write it. The chart is that of the store.
 struct WatchRun {
     const CusumOutputs& Run;
-    const Array1<std::string>& SignalLabels; // of the Regions in the list of signals
+    const Array1<std::string>& SignalLabels; // of the Regions that the list of signals goes through
     std::ptrdiff_t RegionCount;
     std::ptrdiff_t PeriodCount;
     double StudyArea;

@@ -67,7 +67,7 @@ void ReadFieldZScores(Table<double>& z) {
 }
 
 Array1<std::string> RecordLabels() {
-    Array1<std::string> labels(ws.NumRegion);
+    Array1<std::string> labels(AttributeTable().RecordCount());
     WalkRows([&](std::ptrdiff_t i) {
         labels(i) = ws.CusumPrimaryField.empty()
                         ? ""
@@ -78,7 +78,12 @@ Array1<std::string> RecordLabels() {
 }
 
 Array1<std::string> RunLabels(ZSource source) {
-    return source == ZSource::Fields ? RecordLabels() : ws.CusumRegionIDs;
+    if (source == ZSource::Text) return ws.CusumRegionIDs;
+    const Array1<std::string> ofRecords = RecordLabels();
+    Array1<std::string> labels(ws.NumRegion);
+    for (std::ptrdiff_t i = 1; i <= ofRecords.UpperBound(); ++i)
+        labels(i) = ofRecords(i);
+    return labels;
 }
 
 } // namespace vastrel

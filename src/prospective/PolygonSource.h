@@ -29,11 +29,12 @@ std::ptrdiff_t SourcePeriodCount(ZSource source);
 /// 3265 for a number behind the last column; 94 for a null, 13 for a text.
 void ReadFieldZScores(Table<double>& z);
 
-/// The labels of the Regions from their records, with both ids. Regions without a record have none.
-/// Run-time errors: 9 for more records than Regions, 94 for a null.
+/// The labels of the records, with both ids. There may be fewer records than Regions.
+/// Run-time error 94 for a null.
 Array1<std::string> RecordLabels();
 
-/// The labels of a run: those of the records with columns, the primary ids alone with a text file.
+/// The labels of the Regions in a run: those of the records with columns, the primary ids alone with a text
+/// file. Regions without a record have none. Run-time errors: 9 for more records than Regions, 94 for a null.
 Array1<std::string> RunLabels(ZSource source);
 
 } // namespace vastrel

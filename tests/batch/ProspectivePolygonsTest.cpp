@@ -207,6 +207,20 @@ TEST_F(ProspectivePolygons, StopsAtTextFilesThatDoNotFit) {
     EXPECT_EQ(TakeJson(WatchText({"--json", Out("out.json")}))["Cusum"][2], Json::parse("[0,0]"));
 }
 
+TEST_F(ProspectivePolygons, ListsAndSavesTheRegionsThatHaveARecord) {
+    folder_.Write("three.dbf", TableBytes({{"NAME", 'C', 6}}, {{"A"}, {"B"}}));
+    const Json json = TakeJson(
+        WatchText({"--lists", Out("l"), "--cusum", Out("c.csm"), "--json", Out("out.json"), "--h", "8"}));
+    EXPECT_EQ(json["Cusum"], Json::parse("[[0.5,1,5.5],[5.5,11,8.5],[0,1.5,10]]"));
+    EXPECT_EQ(json["MaxRegion"], Json::parse(R"(["B","B",""])"));
+    EXPECT_EQ(json["RegionLabel"], Json::parse(R"(["A","B",""])"));
+    EXPECT_EQ(json["Signals"], Json::parse("[[],[2],[2]]"));
+    const std::string lists = ReadFile(Out("l"));
+    EXPECT_EQ(lists.substr(lists.rfind(Rule) + Rule.size()),
+              "\n\n   11.00 <---                 B\n\n    8.50 <---                 B\n");
+    EXPECT_EQ(ReadFile(Out("c.csm")), "period1,period2,period3,\n0.5,1,5.5,\n5.5,11,8.5,\n");
+}
+
 TEST_F(ProspectivePolygons, DoesNothingWithoutATextFile) {
     EXPECT_EQ(Watch({"--z", "", "--lists", Out("l")}), (BatchResult{0, "", ""}));
     EXPECT_FALSE(fs::exists(Out("l")));

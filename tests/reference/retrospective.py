@@ -14,9 +14,10 @@ import math
 import re
 import struct
 import sys
-from decimal import ROUND_HALF_UP, Decimal
+from decimal import ROUND_HALF_UP, Context, Decimal
 
 PI_SHORT = 3.14159265
+EVERY_DIGIT = Context(prec=400, rounding=ROUND_HALF_UP)
 VARIABLES = ("unadjusted", "adjusted", "freeman-tukey", "rossi")
 
 
@@ -43,7 +44,7 @@ def num(value, pattern):
     blanks = len(pattern) - len(pattern.lstrip(" "))
     decimals = len(pattern.split(".")[1])
     quantum = Decimal(1).scaleb(-decimals)
-    text = format(Decimal("%.15g" % abs(value)).quantize(quantum, rounding=ROUND_HALF_UP), "f")
+    text = format(Decimal("%.15g" % abs(value)).quantize(quantum, context=EVERY_DIGIT), "f")
     return " " * blanks + ("-" if value < 0 else "") + text
 
 

@@ -124,8 +124,9 @@ void CusumScreen::lstPeriod_Click() {
     ShowPeriodCaption(period);
     lstRegion->Clear();
     const CusumOutputs results = Results();
-    Signaled() = SignaledRegions(results.Cusum, RegionCount(), period, ws.HValue);
-    lstRegion->AddItems(SignaledRows(results.Cusum, SignalLabels(), period, Signaled()));
+    const auto labels = SignalLabels();
+    Signaled() = SignaledRegions(results.Cusum, labels.UpperBound(), period, ws.HValue);
+    lstRegion->AddItems(SignaledRows(results.Cusum, labels, period, Signaled()));
     PeriodSelected();
 }
 

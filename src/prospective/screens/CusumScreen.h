@@ -61,7 +61,8 @@ protected:
     virtual void PeriodSelected() {}
     virtual void SelectNoPeriod() {}
 
-    /// The Regions that signal in a period, and their labels in the list.
+    /// The Regions that signal in a period, and the labels of those that the list goes through: all points,
+    /// and the polygons that have a record.
     virtual std::vector<std::ptrdiff_t>& Signaled() = 0;
     virtual Array1<std::string> SignalLabels() = 0;
 

@@ -31,23 +31,25 @@ protected:
     static constexpr const char* CusumFilter = "cusum files (*.csm)|*.csm";
     static constexpr int FieldCount = 7;
 
-    /// Opens the dataset as a new one, with one id or two.
-    void Open(const char* id = "NAME", const char* id2 = "") {
+    /// Opens the dataset as a new one, with one id or two; fewer records leave the last squares without one.
+    void Open(const char* id = "NAME", const char* id2 = "", size_t records = 3) {
         ShapefileBytes shapes(5);
         for (const double x : {0.0, 1.0, 5.0})
             shapes.Add(PolygonContents({ClockwiseSquare(x, 0, 1)}));
         const std::string path = shapes.WritePair(Folder, "three");
-        Folder.Write("three.dbf",
-                     TableBytes({{"KEY", 'N', 3},
-                                 {"NAME", 'C', 6},
-                                 {"Z1", 'N', 6, 1},
-                                 {"Z2", 'N', 6, 1},
-                                 {"Z3", 'N', 6, 1},
-                                 {"GAP", 'N', 6, 1},
-                                 {"Z4", 'N', 6, 1}},
-                                {{"  7", "A", "   1.0", "   1.0", "   5.0", "   0.0", "   1.0"},
-                                 {"  8", "B", "   6.0", "   6.0", "  -2.0", "      ", "   1.0"},
-                                 {"  9", "C", "  -1.0", "   2.0", "   9.0", "   0.0", "   1.0"}}));
+        std::vector<std::vector<std::string>> rows{
+            {"  7", "A", "   1.0", "   1.0", "   5.0", "   0.0", "   1.0"},
+            {"  8", "B", "   6.0", "   6.0", "  -2.0", "      ", "   1.0"},
+            {"  9", "C", "  -1.0", "   2.0", "   9.0", "   0.0", "   1.0"}};
+        rows.resize(records);
+        Folder.Write("three.dbf", TableBytes({{"KEY", 'N', 3},
+                                              {"NAME", 'C', 6},
+                                              {"Z1", 'N', 6, 1},
+                                              {"Z2", 'N', 6, 1},
+                                              {"Z3", 'N', 6, 1},
+                                              {"GAP", 'N', 6, 1},
+                                              {"Z4", 'N', 6, 1}},
+                                             rows));
         Script.ExpectFile(FileQuestion::Kind::Open, ShapeFilter, path);
         Command("mnuOpenShapePro");
         TakeIDs(id, id2);

@@ -132,6 +132,16 @@ TEST_F(frmUnivariateTest, RunsFromATextFile) {
     EXPECT_TRUE(Script.BusyPointer());
 }
 
+TEST_F(frmUnivariateTest, ListsTheRegionsThatHaveARecord) {
+    Open("NAME", "", 2);
+    Press(Screen, "optExistingTextfile");
+    ExpectText();
+    Run();
+    EXPECT_EQ(ws.MaxCusum(3), 10); // of the third Region, which the list passes over
+    EXPECT_EQ(Rows(Regions()), Texts{});
+    EXPECT_EQ(ws.CusumValue(3, 3), 10);
+}
+
 TEST_F(frmUnivariateTest, RefusesWhatIsMissing) {
     Script.ExpectMessage("Both start and end period should be determined.");
     Run();
