@@ -1,8 +1,8 @@
 #include "display/BandwidthAnimation.h"
 
-#include "support/Errors.h"
 #include "support/Points.h"
 #include "support/PolygonFile.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TemporaryFolder.h"
@@ -94,5 +94,5 @@ TEST_F(BandwidthAnimation, HasOneFrameForOneBandwidthAndNoneForNone) {
 TEST_F(BandwidthAnimation, TellsTheBandwidthOfTheSlider) {
     EXPECT_EQ(BandwidthTip(0), "Bandwidth=0.400");
     EXPECT_EQ(BandwidthTip(1), "Bandwidth=1.235");
-    EXPECT_EQ(NumberOf([] { BandwidthTip(2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([] { BandwidthTip(2); }), SubscriptOutOfRange);
 }

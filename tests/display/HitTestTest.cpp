@@ -1,7 +1,7 @@
 #include "display/HitTest.h"
 
 #include "spatial/CPolygon.h"
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 #include "support/ShapefileBytes.h"
 
 #include <gtest/gtest.h>
@@ -131,12 +131,12 @@ TEST_F(HitTest, EnlargesBeforeItMeasures) {
 TEST_F(HitTest, StopsWithoutAScaleAndSelectsTheFirst) {
     AddPolygon({ClockwiseSquare(0, 0, 10)});
     ws.PolygonView.MapScaleX = 0;
-    EXPECT_EQ(NumberOf([] { At(5, 5); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { At(5, 5); }), DivisionByZero);
     EXPECT_EQ(ws.SelectedRegion, 0);
 }
 
 TEST_F(HitTest, StopsWhereAProductDoesNotFitIn32Bits) {
     AddPolygon({ClockwiseSquare(-1e20, -1e20, 2e20)});
-    EXPECT_EQ(NumberOf([] { At(5, 5); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { At(5, 5); }), Overflow);
     EXPECT_EQ(ws.SelectedRegion, 0);
 }

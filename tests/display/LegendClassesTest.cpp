@@ -1,7 +1,7 @@
 #include "display/LegendClasses.h"
 
-#include "support/Errors.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -104,7 +104,7 @@ TEST(BuildLegend, NeedsAValueForEachRegion) {
     ws = Workspace{};
     ws.NumRegion = 2;
     auto values = ArrayFrom1<double>({2});
-    EXPECT_EQ(NumberOf([&] { BuildLegend(values, RetroVariable::Unadjusted); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { BuildLegend(values, RetroVariable::Unadjusted); }), SubscriptOutOfRange);
 }
 
 TEST(SetLegendColors, GoesFromBlueToRed) {

@@ -1,9 +1,9 @@
 #include "display/PointLegend.h"
 
 #include "display/LegendClasses.h"
-#include "support/Errors.h"
 #include "support/Golden.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 
 #include <gtest/gtest.h>
@@ -42,5 +42,5 @@ TEST(PointLegend, LeavesTheTextsOfMToAPicture) {
 
 TEST(PointLegend, NeedsALegendThatWasBuilt) {
     ws = Workspace{};
-    EXPECT_EQ(NumberOf([] { Printed(RetroVariable::Rossi); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([] { Printed(RetroVariable::Rossi); }), SubscriptOutOfRange);
 }

@@ -1,8 +1,8 @@
 #include "display/PointMap.h"
 
-#include "support/Errors.h"
 #include "support/Golden.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ TEST(PointMap, TakesThePointsOfTheStore) {
     EXPECT_EQ(From1(map.X), (std::vector<double>{1, 3}));
     EXPECT_EQ(From1(map.Y), (std::vector<double>{2, 4}));
     PointMap other(1);
-    EXPECT_EQ(NumberOf([&] { other.TakeCentroids(3); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { other.TakeCentroids(3); }), SubscriptOutOfRange);
 }
 
 TEST(PointMap, DrawsPlainPointsAsBoxes) {
@@ -62,7 +62,7 @@ TEST(PointMap, StopsWhereAPointHasNoValue) {
     auto map = MapOf(SixPoints);
     ws.LegendWork = Array1<double>(6);
     RecorderSurface surface(Square);
-    EXPECT_EQ(NumberOf([&] { map.DrawStatisticPointsFrom(surface, Array1<double>(5)); }),
+    EXPECT_EQ(ErrorNumberOf([&] { map.DrawStatisticPointsFrom(surface, Array1<double>(5)); }),
               SubscriptOutOfRange);
 }
 
@@ -97,7 +97,7 @@ TEST(PointMap, PutsTheGreenMarkOnTop) {
     surface.Forget();
     map.MarkPoint(surface, 3);
     EXPECT_EQ(surface.Operations(), "width 4\ncircle 112.500 160.000 10.000 0x00FF00\nrefresh\n");
-    EXPECT_EQ(NumberOf([&] { map.MarkPoint(surface, 7); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { map.MarkPoint(surface, 7); }), SubscriptOutOfRange);
 }
 
 TEST(PointMap, ComputesItsViewAtEveryDrawing) {

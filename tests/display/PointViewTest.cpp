@@ -2,8 +2,8 @@
 // of the surface's sizes rounded to a 32-bit float), those of square surfaces from the head.
 #include "display/PointView.h"
 
-#include "support/Errors.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -148,7 +148,7 @@ TEST(PointToPlot, RoundsYOnceAndKeepsX) {
     EXPECT_EQ(PointToPlot(view, 0, 8.75).Y, 122); // 122.5
     EXPECT_EQ(PointToPlot(view, 0, 1.25).Y, 198); // 197.5
     EXPECT_EQ(PointToPlot(view, 0, 8.7500001).Y, 122);
-    EXPECT_EQ(NumberOf([&] { PointToPlot(view, 0, 1e9); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([&] { PointToPlot(view, 0, 1e9); }), Overflow);
 }
 
 TEST(PointToPlot, FollowsZoomAndPan) {
@@ -216,6 +216,6 @@ TEST(NearestPoint, LeavesTiesToTheSort) {
 }
 
 TEST(NearestPoint, NeedsAPoint) {
-    EXPECT_EQ(NumberOf([] { NearestPoint(PointView{}, 0, 0, Array1<double>(0), Array1<double>(0)); }),
+    EXPECT_EQ(ErrorNumberOf([] { NearestPoint(PointView{}, 0, 0, Array1<double>(0), Array1<double>(0)); }),
               SubscriptOutOfRange);
 }

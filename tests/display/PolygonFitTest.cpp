@@ -1,6 +1,6 @@
 #include "display/PolygonFit.h"
 
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -101,9 +101,9 @@ TEST(PolygonFit, DrawsEverythingOnTheCentreAtZoomZeroAndMirrorsBelow) {
 }
 
 TEST(PolygonFit, RefusesAnExtentThatIsALine) {
-    EXPECT_EQ(NumberOf([] { Fit(Wide, {0, 5, 0, 5, 1}); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([] { Fit(Wide, {0, 0, 5, 0, 1}); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([] { Fit(Wide, {0, 0, 0, 0, 1}); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { Fit(Wide, {0, 5, 0, 5, 1}); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { Fit(Wide, {0, 0, 5, 0, 1}); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { Fit(Wide, {0, 0, 0, 0, 1}); }), DivisionByZero);
 }
 
 // Drawn height 2.5, scale 1, nothing else: y = 1.4 rounds to 1 and 2.5 - 1 = 1.5 to 2; in one rounding it
@@ -132,8 +132,8 @@ TEST(PolygonFit, OverflowsBeyond32Bits) {
     PolygonMapView view;
     view.MapScaleX = view.MapScaleY = 1;
     EXPECT_EQ(RoundedPosition(view, 2147483647, -2147483647).X, 2147483647);
-    EXPECT_EQ(NumberOf([&] { RoundedPosition(view, 2147483648.0, 0); }), Overflow);
-    EXPECT_EQ(NumberOf([&] { RoundedPosition(view, 0, 2147483648.0); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([&] { RoundedPosition(view, 2147483648.0, 0); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([&] { RoundedPosition(view, 0, 2147483648.0); }), Overflow);
 }
 
 TEST(PolygonFit, InvertsWithOrWithoutTheLastDrag) {
@@ -147,6 +147,6 @@ TEST(PolygonFit, InvertsWithOrWithoutTheLastDrag) {
 
 TEST(PolygonFit, HasNoInverseAtScaleZero) {
     const auto view = Fit(Wide, {100, 205, 10, 5, 0});
-    EXPECT_EQ(NumberOf([&] { MapPositionOf(view, 61, 76, LastDrag::Included); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([&] { MapPositionOf(view, 100, 50, LastDrag::LeftOut); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([&] { MapPositionOf(view, 61, 76, LastDrag::Included); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([&] { MapPositionOf(view, 100, 50, LastDrag::LeftOut); }), DivisionByZero);
 }

@@ -1,8 +1,8 @@
 #include "display/PolygonLegend.h"
 
 #include "display/LegendClasses.h"
-#include "support/Errors.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 
 #include <gtest/gtest.h>
@@ -63,5 +63,5 @@ TEST(PolygonLegend, ShowsTheFixedTextsOfM) {
 
 TEST(PolygonLegend, NeedsALegendThatWasBuilt) {
     ws = Workspace{};
-    EXPECT_EQ(NumberOf([] { Printed(RetroVariable::Rossi); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([] { Printed(RetroVariable::Rossi); }), SubscriptOutOfRange);
 }

@@ -3,9 +3,9 @@
 #include "display/Pan.h"
 #include "spatial/CPolygon.h"
 #include "spatial/Centroids.h"
-#include "support/Errors.h"
 #include "support/Points.h"
 #include "support/PolygonFile.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TemporaryFolder.h"
@@ -106,7 +106,7 @@ TEST_F(PolygonMapTest, HasTwoClassesWhereTheCriticalValueOfMDoesNotExist) {
 TEST_F(PolygonMapTest, NeedsAValueForEachRegion) {
     auto classValues = ArrayFrom1<double>({2, -1});
     const auto drawValues = classValues;
-    EXPECT_EQ(NumberOf([&] { ShowRetroMap(map_, classValues, drawValues); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { ShowRetroMap(map_, classValues, drawValues); }), SubscriptOutOfRange);
 }
 
 TEST_F(PolygonMapTest, RedrawsByTheFlags) {

@@ -1,9 +1,9 @@
 #include "display/PolygonPainter.h"
 
 #include "display/LegendClasses.h"
-#include "support/Errors.h"
 #include "support/Points.h"
 #include "support/PolygonFile.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 #include "support/TemporaryFolder.h"
 
@@ -83,13 +83,13 @@ TEST_F(PolygonPainter, FillsByTheClassesOfAStatistic) {
 TEST_F(PolygonPainter, StopsWhereThereAreFewerValuesThanRecords) {
     TakeLegend();
     const auto values = ArrayFrom1<double>({-1.5, 0});
-    EXPECT_EQ(NumberOf([&] { DrawStatisticMap(surface_, values); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { DrawStatisticMap(surface_, values); }), SubscriptOutOfRange);
     EXPECT_EQ(surface_.Operations(), "erase\n" + DrawingState + "style solid\nfill 0xFF8080\n" + Box +
                                          "fill 0xC0C0FF\n" + Outer + "fill 0xC0C0FF\n" + Hole);
 }
 
 TEST_F(PolygonPainter, StopsWithoutALegend) {
-    EXPECT_EQ(NumberOf([&] {
+    EXPECT_EQ(ErrorNumberOf([&] {
                   DrawStatisticMap(surface_, ArrayFrom1<double>({1, 2, 3}));
               }),
               SubscriptOutOfRange);
@@ -103,7 +103,7 @@ TEST_F(PolygonPainter, FillsByTheClassesOfAPeriod) {
     EXPECT_EQ(Drawn([](PlotSurface& surface) { DrawCusumMap(surface, 1); }),
               "erase\n" + DrawingState + "style solid\n" + Filled("0xFFFFFF", "0xFFFFFF", "0xFFFFFF") +
                   "refresh\n");
-    EXPECT_EQ(NumberOf([&] { DrawCusumMap(surface_, 3); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { DrawCusumMap(surface_, 3); }), SubscriptOutOfRange);
 }
 
 TEST_F(PolygonPainter, FillsWhiteBeforeAnyRun) {
@@ -160,7 +160,7 @@ TEST_F(PolygonPainter, ReadsTheFileAnewForEveryPicture) {
     folder_.Write("map.shp", PolygonFile({ThreeRegions()[2]}));
     EXPECT_EQ(Drawn(DrawPlainMap), "erase\n" + DrawingState + Triangle + "refresh\n");
     std::filesystem::remove(folder_ / "map.shp");
-    EXPECT_EQ(NumberOf([&] { DrawPlainMap(surface_); }), FileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { DrawPlainMap(surface_); }), FileNotFound);
 }
 
 TEST_F(PolygonPainter, DrawsNothingWithoutAShapefile) {
@@ -175,5 +175,5 @@ TEST_F(PolygonPainter, DrawsNothingWithoutAShapefile) {
 
 TEST_F(PolygonPainter, OverflowsWhereAPositionDoesNotFitIn32Bits) {
     folder_.Write("map.shp", PolygonFile({PolygonRecord(1, {{{1e9, 200}, {1, 1}, {1e9, 200}}})}));
-    EXPECT_EQ(NumberOf([&] { DrawPlainMap(surface_); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([&] { DrawPlainMap(surface_); }), Overflow);
 }

@@ -2,8 +2,8 @@
 
 #include "display/MapZoom.h"
 #include "display/Pan.h"
-#include "support/Errors.h"
 #include "support/PolygonFile.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 
 #include <gtest/gtest.h>
@@ -89,7 +89,7 @@ TEST_F(PolygonView, StopsAtAnExtentWithoutWidthAndKeepsThePan) {
     ComputeView(surface_);
     ws.ExtentWidth = 0;
     surface_.Forget();
-    EXPECT_EQ(NumberOf([&] { ComputeView(surface_); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([&] { ComputeView(surface_); }), DivisionByZero);
     EXPECT_EQ(surface_.Operations(), "");
     EXPECT_EQ(ws.PolygonView.MapScaleX, 0);
     EXPECT_EQ(ws.PolygonView.DrawnHeight, 0);
@@ -102,23 +102,23 @@ TEST_F(PolygonView, StopsAtSizesThatAreNoNumbers) {
     ws.MapZoom = 1e308;
     ws.ExtentWidth = 1e-300;
     ws.ExtentHeight = 1e-301;
-    EXPECT_EQ(NumberOf([&] { ComputeView(surface_); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([&] { ComputeView(surface_); }), Overflow);
     EXPECT_EQ(ws.PolygonView.MapScaleX, 0);
     RecorderSurface nothing{SurfaceSize{}};
     OpenThreeRegions("");
-    EXPECT_EQ(NumberOf([&] { ComputeView(nothing); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([&] { ComputeView(nothing); }), InvalidProcedureCall);
     EXPECT_EQ(ws.PolygonView.ViewFactor, 0);
 }
 
 TEST_F(PolygonView, HasNoInverseBeforeADrawing) {
-    EXPECT_EQ(NumberOf([] { PlotToWorld(1, 1); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([] { StatusPlotToWorld(0, 0); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { PlotToWorld(1, 1); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { StatusPlotToWorld(0, 0); }), DivisionByZero);
 }
 
 TEST_F(PolygonView, OverflowsWhereAPositionDoesNotFitIn32Bits) {
     ComputeView(surface_);
     ws.PolygonView.MapScaleX = 1e-300;
-    EXPECT_EQ(NumberOf([] { PlotToWorld(1, 1); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { PlotToWorld(1, 1); }), Overflow);
 }
 
 TEST(MapZoom, HasARuleForEachMap) {

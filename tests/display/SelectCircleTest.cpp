@@ -1,7 +1,7 @@
 #include "display/SelectCircle.h"
 
-#include "support/Errors.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 
 #include <gtest/gtest.h>
@@ -51,7 +51,7 @@ TEST(SelectCircle, MeasuresTheSameOnAPannedMapAndTheOppositeOnAMirroredOne) {
 }
 
 TEST(SelectCircle, HasNoRadiusOnAMapWithoutScale) {
-    EXPECT_EQ(NumberOf([] { SelectRadius(PointView{}, {50, 50, 10}); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { SelectRadius(PointView{}, {50, 50, 10}); }), DivisionByZero);
 }
 
 TEST(SelectCircle, SelectsWhatIsInsideAndWhatIsOnIt) {
@@ -63,7 +63,7 @@ TEST(SelectCircle, SelectsWhatIsInsideAndWhatIsOnIt) {
     EXPECT_EQ(Flags(selection), (std::vector<double>{1, 1, 0, 1, 0}));
     EXPECT_EQ(selection(4).First, 4);
     EXPECT_EQ(Flags(PointSelection(view, {10, 210, 50}, x, y, 2)), (std::vector<double>{1, 1}));
-    EXPECT_EQ(NumberOf([&] { PointSelection(view, {10, 210, 50}, x, y, 6); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { PointSelection(view, {10, 210, 50}, x, y, 6); }), SubscriptOutOfRange);
 }
 
 TEST(SelectCircle, SelectsByUnroundedPositionsAndTheDrag) {

@@ -1,8 +1,8 @@
 #include "display/ShapeWalk.h"
 
-#include "support/Errors.h"
 #include "support/PeakMemory.h"
 #include "support/PolygonFile.h"
+#include "support/RaisedError.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -33,10 +33,10 @@ class ShapeWalk : public ::testing::Test {
 protected:
     std::string Walk(const std::string& bytes) { return Walked(folder_.Write("map.shp", bytes)); }
     long Error(const std::string& bytes) {
-        return NumberOf([&] { Walk(bytes); });
+        return ErrorNumberOf([&] { Walk(bytes); });
     }
     std::string Description(const std::string& bytes) {
-        return DescriptionOf([&] { Walk(bytes); });
+        return ErrorDescriptionOf([&] { Walk(bytes); });
     }
 
     TemporaryFolder folder_;
@@ -160,8 +160,8 @@ TEST_F(ShapeWalk, StopsAtCoordinatesThatAreNotFinite) {
 }
 
 TEST_F(ShapeWalk, StopsAtFilesThatCannotBeOpened) {
-    EXPECT_EQ(NumberOf([&] { Walked(folder_ / "none.shp"); }), FileNotFound);
-    EXPECT_EQ(NumberOf([&] { Walked(folder_.Path()); }), PathFileAccessError);
+    EXPECT_EQ(ErrorNumberOf([&] { Walked(folder_ / "none.shp"); }), FileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { Walked(folder_.Path()); }), PathFileAccessError);
 }
 
 TEST_F(ShapeWalk, ClosesTheFileAlsoAfterAnErrorOfTheAction) {
@@ -170,7 +170,7 @@ TEST_F(ShapeWalk, ClosesTheFileAlsoAfterAnErrorOfTheAction) {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     };
     const auto before = openFiles();
-    EXPECT_EQ(NumberOf([&] {
+    EXPECT_EQ(ErrorNumberOf([&] {
                   WalkRings(path, [](std::int32_t, const auto&) { RaiseCustomary(SubscriptOutOfRange, ""); });
               }),
               SubscriptOutOfRange);

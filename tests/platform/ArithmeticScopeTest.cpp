@@ -8,7 +8,7 @@
 #include "retrospective/ScoreStatistic.h"
 #include "retrospective/StudyArea.h"
 #include "retrospective/Weights.h"
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ volatile double zero = 0;
 volatile double huge = 1e300;
 
 long FaultOf(const std::function<double()>& compute) {
-    return NumberOf([&] { RunFunction("test", compute); });
+    return ErrorNumberOf([&] { RunFunction("test", compute); });
 }
 
 int FlagsNow() {
@@ -148,14 +148,14 @@ TEST(RunProcedure, ClearsTheOutputsAfterAFailureOnly) {
     RunProcedure(
         "test", [] { zero = zero + 0; }, [&] { ++cleared; });
     EXPECT_EQ(cleared, 0);
-    EXPECT_EQ(NumberOf([&] {
+    EXPECT_EQ(ErrorNumberOf([&] {
                   RunProcedure(
                       "test", [] { huge = huge * huge; }, [&] { ++cleared; });
               }),
               Overflow);
     EXPECT_EQ(cleared, 1);
     huge = 1e300;
-    EXPECT_EQ(NumberOf([&] {
+    EXPECT_EQ(ErrorNumberOf([&] {
                   RunProcedure(
                       "test", [] { RaiseCustomary(SubscriptOutOfRange, "inner"); }, [&] { ++cleared; });
               }),
@@ -166,7 +166,7 @@ TEST(RunProcedure, ClearsTheOutputsAfterAFailureOnly) {
 TEST(RunProcedure, ClosesItsScopeBeforeItClears) {
     int flags = -1;
     std::feclearexcept(FE_ALL_EXCEPT);
-    EXPECT_EQ(NumberOf([&] {
+    EXPECT_EQ(ErrorNumberOf([&] {
                   RunProcedure(
                       "test", [] { huge = huge * huge; }, [&] { flags = FlagsNow(); });
               }),
@@ -179,61 +179,61 @@ TEST(RunProcedure, ClosesItsScopeBeforeItClears) {
 
 TEST(Faults, OfAnEmptyStudyAreaStopTheWeights) {
     Fill(2, 0);
-    EXPECT_EQ(NumberOf(BuildMWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), DivisionByZero);
     EXPECT_EQ(ws.WeightM, Table<double>(2, 2));
-    EXPECT_EQ(NumberOf(BuildScoreWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
     ExpectZeroMatrices(2);
 }
 
 TEST(Faults, OfTwoRegionsInOnePlaceStopTheWeightsToo) {
     Fill(2, 0);
     ws.RegionCentroid(2) = ws.RegionCentroid(1);
-    EXPECT_EQ(NumberOf(BuildMWeights), InvalidProcedureCall); // 0 / 0
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), InvalidProcedureCall); // 0 / 0
     EXPECT_EQ(ws.WeightM, Table<double>(2, 2));
 }
 
 TEST(Faults, AreNoneWhereARegionIsAlone) {
     Fill(1, 0);
-    EXPECT_EQ(NumberOf(BuildMWeights), 0);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), 0);
     EXPECT_EQ(ws.WeightM(1, 1), 1);
-    EXPECT_EQ(NumberOf(BuildScoreWeights), 0);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), 0);
     EXPECT_EQ(ws.ScoreGramPlain(0, 0), 1);
 }
 
 TEST(Faults, OfExpectedCountsStopTheScoreWeights) {
     Fill(2, 2);
     ws.ExpCount(2) = 0;
-    EXPECT_EQ(NumberOf(BuildScoreWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
     ExpectZeroMatrices(2);
     ws.ExpCount(2) = -1;
-    EXPECT_EQ(NumberOf(BuildScoreWeights), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), InvalidProcedureCall);
     ExpectZeroMatrices(2);
 }
 
 TEST(Faults, OfExpectedSharesStopTheScoreWeights) {
     Fill(2, 2);
     ws.ExpRatio(1) = 0;
-    EXPECT_EQ(NumberOf(BuildScoreWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
     ExpectZeroMatrices(2);
     ws.ExpRatio(1) = -0.5;
-    EXPECT_EQ(NumberOf(BuildScoreWeights), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), InvalidProcedureCall);
     ExpectZeroMatrices(2);
 }
 
 TEST(Faults, OfABandwidthBeyondItsSquareStopTheWeights) {
     Fill(2, 2);
     ws.CurrentSigma = 1e155;
-    EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
     EXPECT_EQ(ws.WeightM, Table<double>(2, 2));
     ws.CurrentSigma = 1e-200; // its square is 0
-    EXPECT_EQ(NumberOf(BuildMWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), DivisionByZero);
     EXPECT_EQ(ws.WeightM, Table<double>(2, 2));
 }
 
 TEST(Faults, OfCoordinatesBeyondTheirSquareStopTheWeights) {
     Fill(2, 2);
     ws.RegionCentroid(2).X = 1e200;
-    EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
     EXPECT_EQ(ws.WeightM, Table<double>(2, 2));
 }
 
@@ -242,10 +242,10 @@ TEST(Faults, OfCoordinatesBeyondTheirSquareStopTheWeights) {
 TEST(Faults, OfTheTotalStopTheLocalScores) {
     FillWithWeights(2);
     ws.TotalObs = 0;
-    EXPECT_EQ(NumberOf(LocalScoreUnadjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreUnadjusted), DivisionByZero);
     ExpectZeroScore(ws.LocalU, ws.LocalZ, 2);
     EXPECT_EQ(ws.GlobalU, 0);
-    EXPECT_EQ(NumberOf(LocalScoreAdjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreAdjusted), DivisionByZero);
     ExpectZeroScore(ws.LocalUAdjusted, ws.LocalZAdjusted, 2);
     EXPECT_EQ(ws.GlobalUAdjusted, 0);
 }
@@ -255,11 +255,11 @@ TEST(Faults, OfTheVarianceStopTheLocalScores) {
     FillWithWeights(1);
     ws.ObsCount(1) = 5;
     ws.TotalObs = 1;
-    EXPECT_EQ(NumberOf(LocalScoreUnadjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreUnadjusted), DivisionByZero);
     ExpectZeroScore(ws.LocalU, ws.LocalZ, 1);
     EXPECT_EQ(ws.GlobalU, 0);
     ws.TotalObs = 0.5;
-    EXPECT_EQ(NumberOf(LocalScoreUnadjusted), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreUnadjusted), InvalidProcedureCall);
     ExpectZeroScore(ws.LocalU, ws.LocalZ, 1);
     EXPECT_EQ(ws.GlobalU, 0);
 }
@@ -277,15 +277,15 @@ TEST(Faults, OfTheTracesStopTheMoments) {
     ws.ScoreMean = ws.ScoreVar = ws.ScoreDF = 7;
     // The traces of A = P (D - Q), A^2 and A^3 by hand, in fractions: 0, 1/16, 0.
     const auto noThird = TableOf({{-1, -1, -1}, {-1, -1, 0}, {-1, 0, 0}});
-    EXPECT_EQ(NumberOf([&] { ScoreMoments(noThird); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([&] { ScoreMoments(noThird); }), DivisionByZero);
     expectZero();
     // -1/8, -7/64, 11/512: the power 1.5 of a number below 0
     const auto negativeSecond = TableOf({{-1, -1, -1}, {-1, -1, 0}, {1, -1, 0}});
-    EXPECT_EQ(NumberOf([&] { ScoreMoments(negativeSecond); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([&] { ScoreMoments(negativeSecond); }), InvalidProcedureCall);
     expectZero();
     const double large = 1e160; // its square stops the matrix library, which has a number of its own
     const auto beyond = TableOf({{large, 0, 0}, {0, large, 0}, {0, 0, large}});
-    EXPECT_EQ(NumberOf([&] { ScoreMoments(beyond); }), 5022);
+    EXPECT_EQ(ErrorNumberOf([&] { ScoreMoments(beyond); }), 5022);
     expectZero();
 }
 
@@ -294,7 +294,7 @@ TEST(Faults, OfAllSharesOnOneRegionStopTheMoments) {
     ws.ExpRatio(1) = 1;
     ws.ExpRatio(2) = 0;
     ws.ScoreMean = ws.ScoreVar = ws.ScoreDF = 7;
-    EXPECT_EQ(NumberOf(ScoreMomentsPlain), InvalidProcedureCall); // 0 / 0
+    EXPECT_EQ(ErrorNumberOf(ScoreMomentsPlain), InvalidProcedureCall); // 0 / 0
     EXPECT_EQ(ws.ScoreMean, 0);
     EXPECT_EQ(ws.ScoreVar, 0);
     EXPECT_EQ(ws.ScoreDF, 0);
@@ -307,11 +307,11 @@ TEST(Faults, OfTheMomentsStopTheApproximation) {
     for (const auto finish : {FinishScoreUnadjusted, FinishScoreAdjusted}) {
         ws.ScoreZ = ws.ScoreChi = 7;
         ws.ScoreVar = 0;
-        EXPECT_EQ(NumberOf(finish), DivisionByZero);
+        EXPECT_EQ(ErrorNumberOf(finish), DivisionByZero);
         EXPECT_EQ(ws.ScoreZ, 0);
         EXPECT_EQ(ws.ScoreChi, 0);
         ws.ScoreVar = -1;
-        EXPECT_EQ(NumberOf(finish), InvalidProcedureCall);
+        EXPECT_EQ(ErrorNumberOf(finish), InvalidProcedureCall);
         EXPECT_EQ(ws.ScoreZ, 0);
         EXPECT_EQ(ws.ScoreChi, 0);
     }
@@ -322,38 +322,38 @@ TEST(Faults, OfTheMomentsStopTheApproximation) {
 TEST(Faults, OfExpectedCountsStopTwoTransforms) {
     FillWithWeights(2);
     ws.ExpCount(2) = 0;
-    EXPECT_EQ(NumberOf(MTransformPearson), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(MTransformPearson), DivisionByZero);
     ExpectZeroM(ws.DevPearson, 2);
-    EXPECT_EQ(NumberOf(MTransformRossi), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(MTransformRossi), DivisionByZero);
     ExpectZeroM(ws.DevRossi, 2);
-    EXPECT_EQ(NumberOf(MTransformFreemanTukey), 0);
+    EXPECT_EQ(ErrorNumberOf(MTransformFreemanTukey), 0);
     EXPECT_EQ(ws.DevFreemanTukey(2), std::sqrt(4.0) + std::sqrt(5.0) - 1);
 }
 
 TEST(Faults, OfNegativeCountsStopEveryTransform) {
     FillWithWeights(2);
     ws.ExpCount(2) = -1;
-    EXPECT_EQ(NumberOf(MTransformPearson), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(MTransformPearson), InvalidProcedureCall);
     ExpectZeroM(ws.DevPearson, 2);
-    EXPECT_EQ(NumberOf(MTransformFreemanTukey), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(MTransformFreemanTukey), InvalidProcedureCall);
     ExpectZeroM(ws.DevFreemanTukey, 2);
-    EXPECT_EQ(NumberOf(MTransformRossi), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(MTransformRossi), InvalidProcedureCall);
     ExpectZeroM(ws.DevRossi, 2);
 }
 
 TEST(Faults, OfNoRegionsStopTheCriticalValue) {
     Fill(1, 1);
     ws.NumRegion = 0;
-    EXPECT_EQ(NumberOf(MCriticalValue), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(MCriticalValue), DivisionByZero);
 }
 
 // ---- Functions that hand their result back
 
 TEST(Faults, OfDegreesOfFreedomStopThePValues) {
-    EXPECT_EQ(NumberOf([] { ChiSquarePValue(3, 0); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([] { ChiSquarePValue(-3, 2); }), InvalidProcedureCall);
-    EXPECT_EQ(NumberOf([] { ChiCritical(0.05, 0); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([] { ChiCritical(0.05, -1); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquarePValue(3, 0); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquarePValue(-3, 2); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([] { ChiCritical(0.05, 0); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { ChiCritical(0.05, -1); }), InvalidProcedureCall);
 }
 
 TEST(Faults, OfTheScalesStopTheStudyArea) {
@@ -362,7 +362,7 @@ TEST(Faults, OfTheScalesStopTheStudyArea) {
     ws.PlottedPoints.ReDim(3);
     ws.PlottedPoints(2) = {10, 0};
     ws.PlottedPoints(3) = {0, 10};
-    EXPECT_EQ(NumberOf(PointStudyArea), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(PointStudyArea), DivisionByZero);
 }
 
 TEST(Faults, OfTheViewLeaveItRefused) {
@@ -377,7 +377,7 @@ TEST(Faults, OfTheViewLeaveItRefused) {
 
     y(1) = -1e308;
     y(2) = 1e308;
-    EXPECT_EQ(NumberOf([&] { ComputePointView(view, {100, 100, 100, 100}, x, y); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([&] { ComputePointView(view, {100, 100, 100, 100}, x, y); }), Overflow);
     EXPECT_FALSE(view.IsValid());
     EXPECT_TRUE(std::isfinite(view.MarginY));
     EXPECT_EQ(view.ScaleX, before);
@@ -385,7 +385,7 @@ TEST(Faults, OfTheViewLeaveItRefused) {
 
     y(1) = -1;
     y(2) = 1;
-    EXPECT_EQ(NumberOf([&] { ComputePointView(view, {0, 0, 0, 0}, x, y); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([&] { ComputePointView(view, {0, 0, 0, 0}, x, y); }), InvalidProcedureCall);
     EXPECT_FALSE(view.IsValid());
     EXPECT_TRUE(std::isfinite(view.ViewFactor));
 }

@@ -1,6 +1,6 @@
 #include "platform/Memory.h"
 
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -16,13 +16,13 @@ TEST(Memory, IsNoMoreThanTheMachineHas) {
 }
 
 TEST(Memory, LetsARunStartThatFits) {
-    EXPECT_EQ(NumberOf([] { RequireMemory(0, "test"); }), 0);
-    EXPECT_EQ(NumberOf([] { RequireMemory(1024, "test"); }), 0);
+    EXPECT_EQ(ErrorNumberOf([] { RequireMemory(0, "test"); }), 0);
+    EXPECT_EQ(ErrorNumberOf([] { RequireMemory(1024, "test"); }), 0);
 }
 
 TEST(Memory, StopsARunThatDoesNotFitAndNamesItsSize) {
     constexpr double petabyte = 1024.0 * 1024 * 1024 * 1024 * 1024;
-    EXPECT_EQ(NumberOf([] { RequireMemory(petabyte, "test"); }), OutOfMemory);
-    const std::string text = DescriptionOf([] { RequireMemory(petabyte, "test"); });
+    EXPECT_EQ(ErrorNumberOf([] { RequireMemory(petabyte, "test"); }), OutOfMemory);
+    const std::string text = ErrorDescriptionOf([] { RequireMemory(petabyte, "test"); });
     EXPECT_EQ(text.rfind("Out of memory\nThe run needs 1073741824 MB, and the machine has ", 0), 0U) << text;
 }

@@ -1,7 +1,7 @@
 #include "platform/Numbers.h"
 
 #include "platform/ArithmeticScope.h"
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -106,9 +106,9 @@ TEST(Num, WritesTheEndsOfTheRangeOfADouble) {
 }
 
 TEST(Num, RefusesWhatIsNotFinite) {
-    EXPECT_EQ(NumberOf([] { Num(Infinity, "0.0"); }), Overflow);
-    EXPECT_EQ(NumberOf([] { Num(-Infinity, "0.0"); }), Overflow);
-    EXPECT_EQ(NumberOf([] { Num(NotANumber, "0.0"); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { Num(Infinity, "0.0"); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { Num(-Infinity, "0.0"); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { Num(NotANumber, "0.0"); }), Overflow);
 }
 
 // ---- Pad
@@ -266,19 +266,19 @@ TEST(ToNumber, ReadsTheSmallEndAndRefusesTheLargeOne) {
     EXPECT_EQ(ToNumber("0e99999999999999999999"), 0);
     EXPECT_EQ(ToNumber("1.7976931348623157e308"), Largest);
     for (const char* text : {"1.8e308", "-1.8e308", "1e999", "1d400", "1e99999999999999999999"})
-        EXPECT_EQ(NumberOf([=] { ToNumber(text); }), Overflow) << text;
+        EXPECT_EQ(ErrorNumberOf([=] { ToNumber(text); }), Overflow) << text;
     EXPECT_EQ(ToNumber("1" + std::string(300, '0')), 1e300);
-    EXPECT_EQ(NumberOf([] { ToNumber(std::string(400, '9')); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { ToNumber(std::string(400, '9')); }), Overflow);
 }
 
 TEST(ToNumber, NamesThePlaceAndTheText) {
-    EXPECT_EQ(NumberOf([] { ToNumber("abc"); }), TypeMismatch);
-    EXPECT_EQ(NumberOf([] { ToNumber(""); }), TypeMismatch);
-    EXPECT_EQ(DescriptionOf([] { ToNumber("abc", "line 3 of points.txt"); }),
+    EXPECT_EQ(ErrorNumberOf([] { ToNumber("abc"); }), TypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([] { ToNumber(""); }), TypeMismatch);
+    EXPECT_EQ(ErrorDescriptionOf([] { ToNumber("abc", "line 3 of points.txt"); }),
               "Type mismatch\nline 3 of points.txt: \"abc\" is not a number.");
-    EXPECT_EQ(DescriptionOf([] { ToNumber(std::string(41, 'a')); }),
+    EXPECT_EQ(ErrorDescriptionOf([] { ToNumber(std::string(41, 'a')); }),
               "Type mismatch\n\"" + std::string(40, 'a') + "...\" is not a number.");
-    EXPECT_EQ(DescriptionOf([] { ToNumber("1e999", "line 1 of a.txt"); }),
+    EXPECT_EQ(ErrorDescriptionOf([] { ToNumber("1e999", "line 1 of a.txt"); }),
               "Overflow\nline 1 of a.txt: the number is too large.");
 }
 
@@ -309,7 +309,7 @@ TEST(RoundToInt32, StopsOutsideItsRange) {
     EXPECT_EQ(RoundToInt32(2147483647.4), 2147483647);
     EXPECT_EQ(RoundToInt32(-2147483648.5), std::numeric_limits<std::int32_t>::min()); // the even neighbour
     for (const double value : {2147483647.5, -2147483648.6, 1e10, -1e300, Infinity, -Infinity, NotANumber})
-        EXPECT_EQ(NumberOf([=] { RoundToInt32(value); }), Overflow) << value;
+        EXPECT_EQ(ErrorNumberOf([=] { RoundToInt32(value); }), Overflow) << value;
 }
 
 TEST(RoundToInt16, StopsOutsideItsRange) {
@@ -317,15 +317,15 @@ TEST(RoundToInt16, StopsOutsideItsRange) {
     EXPECT_EQ(RoundToInt16(32767.4), 32767);
     EXPECT_EQ(RoundToInt16(-32768.5), -32768);
     for (const double value : {32767.5, -32769.0, 1e10, NotANumber})
-        EXPECT_EQ(NumberOf([=] { RoundToInt16(value); }), Overflow) << value;
+        EXPECT_EQ(ErrorNumberOf([=] { RoundToInt16(value); }), Overflow) << value;
 }
 
 TEST(Counter16, HoldsExactly32767) {
     EXPECT_EQ(Counter16(0), 0);
     EXPECT_EQ(Counter16(32767), 32767);
-    EXPECT_EQ(NumberOf([] { Counter16(32768); }), Overflow);
-    EXPECT_EQ(NumberOf([] { Counter16(NotANumber); }), Overflow);
-    EXPECT_EQ(DescriptionOf([] { Counter16(40000); }),
+    EXPECT_EQ(ErrorNumberOf([] { Counter16(32768); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { Counter16(NotANumber); }), Overflow);
+    EXPECT_EQ(ErrorDescriptionOf([] { Counter16(40000); }),
               "Overflow\n40000 is more than a 16-bit counter holds (32767).");
 }
 
@@ -335,13 +335,14 @@ TEST(Power, IsTheGeneralPowerFunction) {
     EXPECT_EQ(Power(3, 2), 9);
     EXPECT_EQ(Power(2.25, 0.5), 1.5);
     EXPECT_EQ(Power(0, 0), 1);
-    EXPECT_EQ(NumberOf([] { RunFunction("Power", [] { return Power(-2, 1.5); }); }), InvalidProcedureCall);
-    EXPECT_EQ(NumberOf([] { RunFunction("Power", [] { return Power(1e200, 2); }); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { RunFunction("Power", [] { return Power(-2, 1.5); }); }),
+              InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([] { RunFunction("Power", [] { return Power(1e200, 2); }); }), Overflow);
 }
 
 TEST(CheckedDiv, StopsAtTheExpression) {
     EXPECT_EQ(CheckedDiv(3, 2, "test"), 1.5);
     EXPECT_EQ(CheckedDiv(0, 2, "test"), 0);
-    EXPECT_EQ(NumberOf([] { CheckedDiv(1, 0, "test"); }), DivisionByZero);
-    EXPECT_EQ(NumberOf([] { CheckedDiv(0, -0.0, "test"); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { CheckedDiv(1, 0, "test"); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { CheckedDiv(0, -0.0, "test"); }), DivisionByZero);
 }

@@ -1,6 +1,6 @@
 #include "platform/RunTimeError.h"
 
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -45,8 +45,8 @@ TEST(RunTimeError, HasTheCustomaryNumbersAndWords) {
 }
 
 TEST(RunTimeError, PutsADetailOnALineOfItsOwn) {
-    EXPECT_EQ(DescriptionOf([] { RaiseCustomary(Overflow, "test"); }), "Overflow");
-    EXPECT_EQ(DescriptionOf([] { RaiseCustomary(Overflow, "test", "line 3"); }), "Overflow\nline 3");
+    EXPECT_EQ(ErrorDescriptionOf([] { RaiseCustomary(Overflow, "test"); }), "Overflow");
+    EXPECT_EQ(ErrorDescriptionOf([] { RaiseCustomary(Overflow, "test", "line 3"); }), "Overflow\nline 3");
     try {
         RaiseCustomary(TypeMismatch, "ToNumber");
     } catch (const RunTimeError& error) {

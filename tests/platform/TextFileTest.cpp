@@ -1,7 +1,7 @@
 #include "platform/TextFile.h"
 
-#include "support/Errors.h"
 #include "support/PeakMemory.h"
+#include "support/RaisedError.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -106,23 +106,23 @@ TEST(TextFile, HasAFirstLineOrStops) {
     EXPECT_EQ(TextFile(folder.Write("a.txt", "x\ny")).FirstLine(), "x");
     EXPECT_EQ(TextFile(folder.Write("blank.txt", "\n")).FirstLine(), "");
     const std::string empty = folder.Write("empty.txt", "");
-    EXPECT_EQ(NumberOf([&] { TextFile(empty).FirstLine(); }), InputPastEndOfFile);
-    EXPECT_EQ(DescriptionOf([&] { TextFile(empty).FirstLine(); }),
+    EXPECT_EQ(ErrorNumberOf([&] { TextFile(empty).FirstLine(); }), InputPastEndOfFile);
+    EXPECT_EQ(ErrorDescriptionOf([&] { TextFile(empty).FirstLine(); }),
               "Input past end of file\nempty.txt is empty.");
     const std::string mark = folder.Write("mark.txt", "\xEF\xBB\xBF");
-    EXPECT_EQ(NumberOf([&] { TextFile(mark).FirstLine(); }), InputPastEndOfFile);
+    EXPECT_EQ(ErrorNumberOf([&] { TextFile(mark).FirstLine(); }), InputPastEndOfFile);
 }
 
 TEST(TextFile, StopsWhereThereIsNoFileToRead) {
     const TemporaryFolder folder;
-    EXPECT_EQ(NumberOf([&] { TextFile(folder / "missing.txt"); }), FileNotFound);
-    EXPECT_EQ(NumberOf([&] { TextFile(folder / "no/such/folder.txt"); }), FileNotFound);
-    EXPECT_EQ(NumberOf([&] { TextFile(folder.Path()); }), PathFileAccessError);
-    EXPECT_EQ(NumberOf([] { TextFile(""); }), FileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { TextFile(folder / "missing.txt"); }), FileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { TextFile(folder / "no/such/folder.txt"); }), FileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { TextFile(folder.Path()); }), PathFileAccessError);
+    EXPECT_EQ(ErrorNumberOf([] { TextFile(""); }), FileNotFound);
     if (geteuid() == 0) GTEST_SKIP() << "Root may read every file.";
     const std::string locked = folder.Write("locked.txt", "a");
     std::filesystem::permissions(locked, std::filesystem::perms::none);
-    EXPECT_EQ(NumberOf([&] { TextFile file(locked); }), PermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { TextFile file(locked); }), PermissionDenied);
 }
 
 TEST(TextFile, FindsFilesWithNamesOutsideAscii) {
@@ -139,7 +139,7 @@ TEST(TextFile, ReadsALineUpToItsLimit) {
     ASSERT_TRUE(file.NextLine(line));
     ASSERT_TRUE(file.NextLine(line));
     EXPECT_EQ(line.size(), TextFile::LongestLine);
-    EXPECT_EQ(DescriptionOf([&] { file.NextLine(line); }),
+    EXPECT_EQ(ErrorDescriptionOf([&] { file.NextLine(line); }),
               "Out of string space\nline 3 of long.txt is longer than the limit of 16 MB.");
 }
 
@@ -150,7 +150,7 @@ TEST(TextFile, TakesBoundedMemoryForALineOfAHundredMegabytes) {
     const auto before = PeakMemory();
     TextFile file(path);
     std::string line;
-    EXPECT_EQ(NumberOf([&] { file.NextLine(line); }), OutOfStringSpace);
+    EXPECT_EQ(ErrorNumberOf([&] { file.NextLine(line); }), OutOfStringSpace);
     EXPECT_LT(PeakMemory() - before, HundredMegabytes);
 }
 
@@ -158,7 +158,7 @@ TEST(CountLines, CountsWhatIsRead) {
     const TemporaryFolder folder;
     for (const auto& [bytes, count] : {std::pair{"", 0}, {"a", 1}, {"a\n", 1}, {"a\n\n", 2}, {"a\r\rb", 3}})
         EXPECT_EQ(CountLines(folder.Write("lines.txt", bytes)), count) << bytes;
-    EXPECT_EQ(NumberOf([&] { CountLines(folder / "missing.txt"); }), FileNotFound);
+    EXPECT_EQ(ErrorNumberOf([&] { CountLines(folder / "missing.txt"); }), FileNotFound);
 }
 
 // ---- Fields
@@ -188,10 +188,10 @@ TEST(SplitAtCommas, LeavesOutWhatIsBeyondTheMostAskedFor) {
 TEST(FieldAt, StopsWhereTheLineHasFewer) {
     const Lines fields = {"a", "b"};
     EXPECT_EQ(FieldAt(fields, 1, "line 1 of a.txt"), "b");
-    EXPECT_EQ(NumberOf([&] { FieldAt(fields, 2, ""); }), SubscriptOutOfRange);
-    EXPECT_EQ(DescriptionOf([&] { FieldAt(fields, 2, "line 7 of a.txt"); }),
+    EXPECT_EQ(ErrorNumberOf([&] { FieldAt(fields, 2, ""); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorDescriptionOf([&] { FieldAt(fields, 2, "line 7 of a.txt"); }),
               "Subscript out of range\nline 7 of a.txt has 2 fields, field 3 is missing.");
-    EXPECT_EQ(NumberOf([] { FieldAt({}, 0, ""); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([] { FieldAt({}, 0, ""); }), SubscriptOutOfRange);
 }
 
 // ---- Writing
@@ -222,14 +222,14 @@ TEST(WriteFile, WritesTheBytesAsTheyAre) {
 
 TEST(WriteFile, StopsWhereNothingCanBeWritten) {
     const TemporaryFolder folder;
-    EXPECT_EQ(NumberOf([&] { WriteFile(folder.Path(), "a"); }), PathFileAccessError);
-    EXPECT_EQ(NumberOf([&] { WriteFile(folder / "no/such/folder.txt", "a"); }), PathFileAccessError);
+    EXPECT_EQ(ErrorNumberOf([&] { WriteFile(folder.Path(), "a"); }), PathFileAccessError);
+    EXPECT_EQ(ErrorNumberOf([&] { WriteFile(folder / "no/such/folder.txt", "a"); }), PathFileAccessError);
     if (std::filesystem::exists("/dev/full")) {
-        EXPECT_EQ(NumberOf([] { WriteFile("/dev/full", "a"); }), DiskFull);
+        EXPECT_EQ(ErrorNumberOf([] { WriteFile("/dev/full", "a"); }), DiskFull);
     }
     if (geteuid() == 0) GTEST_SKIP() << "Root may write every file.";
     const std::string locked = folder.Write("locked.txt", "a");
     std::filesystem::permissions(locked, std::filesystem::perms::owner_read);
-    EXPECT_EQ(NumberOf([&] { WriteFile(locked, "b"); }), PermissionDenied);
+    EXPECT_EQ(ErrorNumberOf([&] { WriteFile(locked, "b"); }), PermissionDenied);
     EXPECT_EQ(ReadFile(locked), "a");
 }

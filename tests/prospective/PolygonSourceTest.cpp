@@ -151,13 +151,15 @@ TEST_F(PolygonSource, GoesByTheRecordsNotByTheRegions) {
     ReadFieldZScores(Z);
     EXPECT_EQ(RowsOfZ(), "15 20;60 -60;-10 20;0 0;");
     ws.CusumPrimaryField = "NAME";
-    EXPECT_EQ(Labels(RecordLabels()), "A;B;C;;");
+    EXPECT_EQ(Labels(RecordLabels()), "A;B;C;");
+    EXPECT_EQ(Labels(RunLabels(ZSource::Fields)), "A;B;C;;");
 
     Open(2); // a record without a Region
     Choose(2, 3);
     ws.CusumPrimaryField = "NAME";
     EXPECT_EQ(ErrorNumberOf([this] { ReadFieldZScores(Z); }), SubscriptOutOfRange);
-    EXPECT_EQ(ErrorNumberOf([] { RecordLabels(); }), SubscriptOutOfRange);
+    EXPECT_EQ(Labels(RecordLabels()), "A;B;C;");
+    EXPECT_EQ(ErrorNumberOf([] { RunLabels(ZSource::Fields); }), SubscriptOutOfRange);
 }
 
 TEST_F(PolygonSource, LabelsByTheRecordsWithColumnsAndByThePrimaryIdsWithAFile) {

@@ -1,6 +1,6 @@
 #include "retrospective/Bandwidth.h"
 
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 #include "workspace/Workspace.h"
 
@@ -51,7 +51,7 @@ TEST(TakeSingleSigma, RefusesOtherTextsAndLeavesTheBandwidth) {
 TEST(TakeSingleSigma, StopsAtANumberTooLarge) {
     ScriptedPlatform silent;
     ws = Workspace{};
-    EXPECT_EQ(ErrorNumber([] { TakeSingleSigma("1e400"); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { TakeSingleSigma("1e400"); }), Overflow);
 }
 
 TEST(TakeSweepRange, TakesItsTexts) {

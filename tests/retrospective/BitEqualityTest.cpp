@@ -12,6 +12,7 @@
 #include "retrospective/Weights.h"
 #include "support/ForcedMachine.h"
 #include "support/PlainRetrospective.h"
+#include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -105,15 +106,6 @@ void ExpectSameResults(const Workspace& plain) {
     EXPECT_EQ(ws.BandwidthCount, plain.BandwidthCount);
 }
 
-long NumberOf(const std::function<void()>& run) {
-    try {
-        run();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-}
-
 } // namespace
 
 TEST(BitEquality, SingleRunsEqualThePlainLoopsInEveryBitOnEveryMachine) {
@@ -184,9 +176,9 @@ TEST(BitEquality, AFaultOfTheDistancesIsToldAtEveryRun) {
     Country();
     ws.CurrentSigma = 1;
     ws.RegionCentroid(3).X = 1e200; // its square overflows
-    EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
-    EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
-    EXPECT_EQ(NumberOf(BuildScoreWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), Overflow);
 }
 
 TEST(BitEquality, MatricesAreGivenBackWithTheirLastReader) {
@@ -212,10 +204,10 @@ TEST(BitEquality, ARunBeyondTheMemoryStopsBeforeItStarts) {
         EXPECT_EQ(error.Number(), OutOfMemory);
         EXPECT_NE(error.Description().find("40960 MB"), std::string::npos) << error.Description();
     }
-    EXPECT_EQ(NumberOf([] { RunSingleProcedures(RetroVariable::Unadjusted); }), OutOfMemory);
+    EXPECT_EQ(ErrorNumberOf([] { RunSingleProcedures(RetroVariable::Unadjusted); }), OutOfMemory);
     EXPECT_EQ(ws.LocalU.UpperBound(), 3); // nothing was begun
     ws.NumRegion = 32768;
-    EXPECT_EQ(NumberOf([] { PrepareRun(RetroVariable::Rossi); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { PrepareRun(RetroVariable::Rossi); }), Overflow);
 }
 
 TEST(BitEquality, PValuesEqualThePlainIntegration) {

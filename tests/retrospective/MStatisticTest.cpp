@@ -1,7 +1,7 @@
 #include "retrospective/MStatistic.h"
 
 #include "retrospective/Weights.h"
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/RetroData.h"
 #include "support/ScriptedPlatform.h"
 #include "workspace/Workspace.h"
@@ -57,7 +57,7 @@ TEST(MTransforms, DivideByAnExpectedCountOfZeroButForFreemanTukey) {
     EXPECT_NEAR(MOfOne(MTransformFreemanTukey, 9, 0), 5.16227766017, 1e-11); // 3 + sqrt 10 - 1
     for (const auto transform : {MTransformPearson, MTransformRossi}) {
         TakeOne(9, 0);
-        EXPECT_EQ(ErrorNumber(transform), DivisionByZero);
+        EXPECT_EQ(ErrorNumberOf(transform), DivisionByZero);
         ExpectOutputsOfMZero(1);
     }
     EXPECT_EQ(ws.DevRossi, Array1<double>(1));
@@ -65,10 +65,10 @@ TEST(MTransforms, DivideByAnExpectedCountOfZeroButForFreemanTukey) {
 
 TEST(MTransforms, StopAtANegativeCount) {
     TakeOne(-2, 4);
-    EXPECT_EQ(ErrorNumber(MTransformFreemanTukey), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(MTransformFreemanTukey), InvalidProcedureCall);
     ExpectOutputsOfMZero(1);
     EXPECT_EQ(ws.DevFreemanTukey, Array1<double>(1));
-    EXPECT_EQ(ErrorNumber(MTransformRossi), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(MTransformRossi), InvalidProcedureCall);
 }
 
 TEST(MTransforms, WeighTheScoresOfAllRegions) {

@@ -1,6 +1,6 @@
 #include "retrospective/PValueCalculator.h"
 
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 
 #include <gtest/gtest.h>
@@ -55,10 +55,10 @@ TEST(PValueCalculator, SaysNothingOfTwoTextsThatAreNotBothNumbers) {
 
 TEST(PValueCalculator, StopsWhereTheArithmeticDoes) {
     ScriptedPlatform silent;
-    EXPECT_EQ(ErrorNumber([] { ChiSquareResult("3", "0.5"); }), DivisionByZero); // 0.5 is rounded to 0
-    EXPECT_EQ(ErrorNumber([] { ChiSquareResult("-3", "2"); }), InvalidProcedureCall);
-    EXPECT_EQ(ErrorNumber([] { ChiSquareResult("3", "32768"); }), Overflow);
-    EXPECT_EQ(ErrorNumber([] { ChiSquareResult("3", "32767.5"); }), Overflow); // the even neighbour
-    EXPECT_EQ(ErrorNumber([] { ChiSquareResult("3", "32767"); }), 0);
-    EXPECT_EQ(ErrorNumber([] { NormalResult("1e400"); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquareResult("3", "0.5"); }), DivisionByZero); // 0.5 is rounded to 0
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquareResult("-3", "2"); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquareResult("3", "32768"); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquareResult("3", "32767.5"); }), Overflow); // the even neighbour
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquareResult("3", "32767"); }), 0);
+    EXPECT_EQ(ErrorNumberOf([] { NormalResult("1e400"); }), Overflow);
 }

@@ -1,6 +1,6 @@
 #include "retrospective/PValues.h"
 
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -50,7 +50,7 @@ TEST(NormalPValue, SkipsTheFlatTailWithoutADifference) {
 
 TEST(NormalPValue, EndsFarOutToo) {
     EXPECT_LT(NormalPValue(-1e6), 0.00001);
-    EXPECT_EQ(ErrorNumber([] { NormalPValue(-1e300); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { NormalPValue(-1e300); }), Overflow);
 }
 
 TEST(ChiSquarePValue, IsTheCubeRootTransformation) {
@@ -74,9 +74,9 @@ TEST(ChiSquarePValue, IsNoLowerTail) {
 }
 
 TEST(ChiSquarePValue, StopsWithoutDegreesOfFreedomAndBelowZero) {
-    EXPECT_EQ(ErrorNumber([] { ChiSquarePValue(3, 0); }), DivisionByZero);
-    EXPECT_EQ(ErrorNumber([] { ChiSquarePValue(0, 0); }), DivisionByZero);
-    EXPECT_EQ(ErrorNumber([] { ChiSquarePValue(-0.1, 1); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquarePValue(3, 0); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquarePValue(0, 0); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { ChiSquarePValue(-0.1, 1); }), InvalidProcedureCall);
 }
 
 TEST(ChiCritical, ApproximatesTheQuantile) {
@@ -93,6 +93,6 @@ TEST(ChiCritical, IsZeroForAnyOtherAlpha) {
 }
 
 TEST(ChiCritical, StopsWithoutDegreesOfFreedom) {
-    EXPECT_EQ(ErrorNumber([] { ChiCritical(0.05, 0); }), DivisionByZero);
-    EXPECT_EQ(ErrorNumber([] { ChiCritical(0.05, -1); }), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf([] { ChiCritical(0.05, 0); }), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf([] { ChiCritical(0.05, -1); }), InvalidProcedureCall);
 }

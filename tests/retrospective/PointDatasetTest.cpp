@@ -2,9 +2,9 @@
 
 #include "platform/TextFile.h"
 #include "retrospective/Weights.h"
-#include "support/Errors.h"
 #include "support/PeakMemory.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -31,12 +31,12 @@ bool LoadBytes(const std::string& bytes, PointFormat format) {
 /// A fresh store, and the number of the error that the load stops with.
 long ErrorOf(const std::string& bytes, PointFormat format = PointFormat::PopCase) {
     ws = Workspace{};
-    return NumberOf([&] { LoadBytes(bytes, format); });
+    return ErrorNumberOf([&] { LoadBytes(bytes, format); });
 }
 
 std::string DescriptionOfLoad(const std::string& bytes, PointFormat format = PointFormat::PopCase) {
     ws = Workspace{};
-    return DescriptionOf([&] { LoadBytes(bytes, format); });
+    return ErrorDescriptionOf([&] { LoadBytes(bytes, format); });
 }
 
 std::vector<std::string> IDs() {
@@ -134,8 +134,8 @@ TEST(PointDataset, ReplacesAnEarlierOneWhole) {
     EXPECT_EQ(ws.NumTextRegion, 1);
     EXPECT_EQ(IDs(), (std::vector<std::string>{"X"}));
     EXPECT_EQ(From1(ws.PopBase), (Values{0})); // not the population of before
-    EXPECT_EQ(NumberOf([] { ws.ObsCount(2); }), SubscriptOutOfRange);
-    EXPECT_EQ(NumberOf([] { ws.RegionCentroid(2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([] { ws.ObsCount(2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([] { ws.RegionCentroid(2); }), SubscriptOutOfRange);
     EXPECT_FALSE(ws.PlottedPoints.IsAllocated());
     EXPECT_EQ(ws.ScaleX, 0);
     EXPECT_EQ(ws.ScaleY, 0);
@@ -247,7 +247,7 @@ TEST(PointDataset, StopsAtAFileThatCannotBeRead) {
     const Loaded before;
     const TemporaryFolder folder;
     const auto errorOf = [](const std::string& path) {
-        return NumberOf([&] { LoadPointDataset(path, PointFormat::ObsExp); });
+        return ErrorNumberOf([&] { LoadPointDataset(path, PointFormat::ObsExp); });
     };
     EXPECT_EQ(errorOf(folder / "missing.txt"), FileNotFound);
     EXPECT_EQ(errorOf(folder.Path()), PathFileAccessError);
@@ -289,7 +289,7 @@ TEST(PointDataset, StopsAtANumberThatIsTooLarge) {
 
 TEST(PointDataset, LeavesWhatItHadFilledWhereItStops) {
     LoadTwoRegions();
-    EXPECT_EQ(NumberOf([] { LoadBytes("A,1,2,30,4\nB,5,6,70,x\nC,9,9,9,9\n", PointFormat::PopCase); }),
+    EXPECT_EQ(ErrorNumberOf([] { LoadBytes("A,1,2,30,4\nB,5,6,70,x\nC,9,9,9,9\n", PointFormat::PopCase); }),
               TypeMismatch);
     EXPECT_EQ(ws.NumTextRegion, 3);
     EXPECT_EQ(From1(ws.RegionCentroid), (std::vector<RegionPoint>{{"A", 1, 2}, {"B", 5, 6}, {"", 0, 0}}));
@@ -351,8 +351,8 @@ TEST(PointDataset, LoadsMoreRegionsThanTheTestsTake) {
     ws.bTextfileData = true;
     ws.CurrentSigma = 1;
     const auto before = PeakMemory(); // a single matrix would be 12.8 GB
-    EXPECT_EQ(NumberOf(BuildScoreWeights), Overflow);
-    EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
     EXPECT_LT(PeakMemory() - before, HundredMegabytes);
     EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
     EXPECT_FALSE(ws.WeightM.IsAllocated());
@@ -367,7 +367,7 @@ TEST(PointDataset, RefusesALineOfAHundredMegabytes) {
         std::filesystem::resize_file(path, HundredMegabytes);
         const auto memory = PeakMemory();
         const std::string line = *head == 0 ? "1" : "2";
-        EXPECT_EQ(DescriptionOf([&] { LoadPointDataset(path, PointFormat::ObsExp); }),
+        EXPECT_EQ(ErrorDescriptionOf([&] { LoadPointDataset(path, PointFormat::ObsExp); }),
                   "Out of string space\nline " + line + " of huge.txt is longer than the limit of 16 MB.");
         EXPECT_LT(PeakMemory() - memory, HundredMegabytes);
         EXPECT_EQ(Loaded(), before);
@@ -382,7 +382,7 @@ TEST(PointDataset, TakesBoundedMemoryForALineOfCommas) {
     ws = Workspace{};
     const auto memory = PeakMemory();
     EXPECT_FALSE(LoadPointDataset(first, PointFormat::ObsExp));
-    EXPECT_EQ(NumberOf([&] { LoadPointDataset(later, PointFormat::ObsExp); }), TypeMismatch);
+    EXPECT_EQ(ErrorNumberOf([&] { LoadPointDataset(later, PointFormat::ObsExp); }), TypeMismatch);
     EXPECT_LT(PeakMemory() - memory, WithinLimit(HundredMegabytes));
 }
 
@@ -392,7 +392,7 @@ TEST(PointDataset, SurvivesEveryTruncation) {
         ws = Workspace{};
         bool loaded = false;
         const long error =
-            NumberOf([&] { loaded = LoadBytes(bytes.substr(0, length), PointFormat::PopCase); });
+            ErrorNumberOf([&] { loaded = LoadBytes(bytes.substr(0, length), PointFormat::PopCase); });
         const bool known = error == 0 || error == SubscriptOutOfRange || error == TypeMismatch ||
                            error == InputPastEndOfFile;
         EXPECT_TRUE(known) << length << ": error " << error;

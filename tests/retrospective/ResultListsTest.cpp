@@ -2,7 +2,7 @@
 
 #include "platform/TextFile.h"
 #include "retrospective/Sweep.h"
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/RetroData.h"
 #include "support/ScriptedPlatform.h"
 #include "workspace/Workspace.h"
@@ -169,6 +169,6 @@ TEST(FillLists, StopAtANegativeChi) {
     ScriptedPlatform silent;
     TakeResults();
     ws.ScoreChi = -1;
-    EXPECT_EQ(ErrorNumber([] { FillLists(RetroVariable::Unadjusted, PolygonRules()); }),
+    EXPECT_EQ(ErrorNumberOf([] { FillLists(RetroVariable::Unadjusted, PolygonRules()); }),
               InvalidProcedureCall);
 }

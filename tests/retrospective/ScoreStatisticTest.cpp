@@ -2,7 +2,7 @@
 
 #include "retrospective/PValues.h"
 #include "retrospective/Weights.h"
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/RetroData.h"
 #include "workspace/Workspace.h"
 
@@ -113,14 +113,14 @@ TEST(LocalScoreUnadjusted, LeavesZerosAfterAVarianceThatIsNotAboveZero) {
     ws.CurrentSigma = 1;
     BuildScoreWeights();
     ws.ObsCount(1) = 3;
-    EXPECT_EQ(ErrorNumber(LocalScoreUnadjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreUnadjusted), DivisionByZero);
     for (const auto* values : {&ws.LocalU, &ws.LocalZ, &ws.MapClassScore, &ws.MapDrawScore,
                                &ws.DisplayClassValues, &ws.DisplayDrawValues})
         EXPECT_EQ(*values, Array1<double>(1));
     EXPECT_EQ(ws.GlobalU, 0);
 
     ws.TotalObs = 0.5; // c = 2
-    EXPECT_EQ(ErrorNumber(LocalScoreUnadjusted), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreUnadjusted), InvalidProcedureCall);
     EXPECT_EQ(ws.LocalZ, Array1<double>(1));
 }
 
@@ -128,7 +128,7 @@ TEST(LocalScoreUnadjusted, StopsWithoutObservedCases) {
     TakeIdentityPair(7, 3, 5, 5);
     LocalScoreUnadjusted();
     ws.TotalObs = 0;
-    EXPECT_EQ(ErrorNumber(LocalScoreUnadjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(LocalScoreUnadjusted), DivisionByZero);
     EXPECT_EQ(ws.LocalU, Array1<double>(2));
     EXPECT_EQ(ws.GlobalU, 0);
 }
@@ -138,7 +138,7 @@ TEST(ScoreMoments, LeaveZerosWhereOneRegionHasAllShares) {
     ScoreMomentsPlain();
     ws.ExpRatio(1) = 1;
     ws.ExpRatio(2) = 0;
-    EXPECT_NE(ErrorNumber(ScoreMomentsPlain), 0);
+    EXPECT_NE(ErrorNumberOf(ScoreMomentsPlain), 0);
     EXPECT_EQ(ws.ScoreMean, 0);
     EXPECT_EQ(ws.ScoreVar, 0);
     EXPECT_EQ(ws.ScoreDF, 0);
@@ -148,7 +148,7 @@ TEST(ScoreMoments, StopInTheMatrixLibraryWithoutAMatrix) {
     TakeIdentityPair(7, 3, 5, 5);
     ScoreMomentsPlain();
     ws.ScoreGramPlain.Clear();
-    EXPECT_EQ(ErrorNumber(ScoreMomentsPlain), 5022);
+    EXPECT_EQ(ErrorNumberOf(ScoreMomentsPlain), 5022);
     EXPECT_EQ(ws.ScoreDF, 0);
 }
 
@@ -158,9 +158,9 @@ TEST(FinishScore, LeavesZerosWithoutAVariance) {
     ScoreMomentsPlain();
     FinishScoreUnadjusted();
     ws.ScoreVar = 0;
-    EXPECT_EQ(ErrorNumber(FinishScoreUnadjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(FinishScoreUnadjusted), DivisionByZero);
     EXPECT_EQ(ws.ScoreZ, 0);
     EXPECT_EQ(ws.ScoreChi, 0);
     ws.GlobalUAdjusted = 1;
-    EXPECT_EQ(ErrorNumber(FinishScoreAdjusted), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(FinishScoreAdjusted), DivisionByZero);
 }

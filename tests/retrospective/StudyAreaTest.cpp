@@ -3,8 +3,8 @@
 #include "display/PointView.h"
 #include "retrospective/PlotArea.h"
 #include "retrospective/Weights.h"
-#include "support/Errors.h"
 #include "support/Points.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -246,9 +246,9 @@ TEST(OpenHullSum, StopsWhereAProductLeavesThirtyTwoBits) {
     // 65536 * 32767 = 2147418112 and 65536 * -32768 = -2147483648 fit; 46341 * 46341 = 2147488281 does not.
     EXPECT_EQ(OpenSum({{0, 0}, {65536, 1}, {1, 32767}}), 0.5 * (2147418112.0 - 1));
     EXPECT_EQ(OpenSum({{0, 0}, {65536, 1}, {1, -32768}}), 0.5 * (-2147483648.0 - 1));
-    EXPECT_EQ(NumberOf([] { OpenSum({{0, 0}, {46341, 1}, {1, 46341}}); }), Overflow);
-    EXPECT_EQ(NumberOf([] { OpenSum({{0, 0}, {1, 46341}, {46341, 1}}); }), Overflow);
-    EXPECT_EQ(NumberOf([] { OpenSum({{0, 0}, {65536, 1}, {1, -32769}}); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { OpenSum({{0, 0}, {46341, 1}, {1, 46341}}); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { OpenSum({{0, 0}, {1, 46341}, {46341, 1}}); }), Overflow);
+    EXPECT_EQ(ErrorNumberOf([] { OpenSum({{0, 0}, {65536, 1}, {1, -32769}}); }), Overflow);
     // The difference of two products is no product: 2 * 10^9 - (-2 * 10^9).
     EXPECT_EQ(OpenSum({{0, 0}, {40000, -40000}, {50000, 50000}}), 2e9);
     // Place 1 is in no product.
@@ -279,9 +279,9 @@ TEST(PointStudyArea, TakesTheSizeOfANegativeSum) {
 
 TEST(PointStudyArea, IsZeroBelowThreeHullPointsWhateverTheScales) {
     SetPlotted({{3, 4}, {3, 4}, {3, 4}}, 0, 0);
-    EXPECT_EQ(NumberOf([] { EXPECT_EQ(PointStudyArea(), 0); }), 0);
+    EXPECT_EQ(ErrorNumberOf([] { EXPECT_EQ(PointStudyArea(), 0); }), 0);
     SetPlotted({{3, 4}, {8, 4}}, 0, 0);
-    EXPECT_EQ(NumberOf([] { EXPECT_EQ(PointStudyArea(), 0); }), 0);
+    EXPECT_EQ(ErrorNumberOf([] { EXPECT_EQ(PointStudyArea(), 0); }), 0);
     SetPlotted({}, 0, 0);
     EXPECT_EQ(PointStudyArea(), 0);
 }
@@ -345,8 +345,8 @@ TEST(TakePointDataset, LeavesNoAreaAndNoWeightsAfterAnOverflow) {
     BuildScoreWeights();
     ASSERT_TRUE(ws.WeightM.IsAllocated() && ws.WeightUnadjusted.IsAllocated());
     ws.PlottedPoints = ArrayFrom1<PlotPoint>({{0, 0}, {50000, 0}, {0, 50000}});
-    EXPECT_EQ(NumberOf(BuildMWeights), Overflow);
-    EXPECT_EQ(NumberOf(BuildScoreWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), Overflow);
     EXPECT_FALSE(ws.WeightM.IsAllocated());
     EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
     EXPECT_EQ(ws.TotalShapeArea, 0);

@@ -1,7 +1,7 @@
 #include "retrospective/Sweep.h"
 
 #include "retrospective/PValues.h"
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/RetroData.h"
 #include "support/ScriptedPlatform.h"
 #include "workspace/Workspace.h"
@@ -177,7 +177,7 @@ TEST(Sweep, CountsStepsInSixteenBits) {
     ScriptedPlatform platform;
     TakeThree();
     for (const char* step : {"0.00001", "1e-300", "1e-320"})
-        EXPECT_EQ(ErrorNumber([&] { Sweep(RetroVariable::Rossi, {"0", "1", step}); }), Overflow) << step;
+        EXPECT_EQ(ErrorNumberOf([&] { Sweep(RetroVariable::Rossi, {"0", "1", step}); }), Overflow) << step;
     EXPECT_FALSE(platform.BusyPointer());
 }
 
@@ -186,7 +186,7 @@ TEST(Sweep, KeepsEarlierRowsAndTheBusyPointerAfterAFault) {
     TakeThree();
     Rows rows;
     // The second bandwidth is 1e200, whose square overflows.
-    EXPECT_EQ(ErrorNumber([&] {
+    EXPECT_EQ(ErrorNumberOf([&] {
                   RunSweep(RetroVariable::Rossi, {"1", "2e200", "1e200"}, PolygonRules(),
                            [&](const std::string& row) { rows.push_back(row); });
               }),

@@ -1,6 +1,6 @@
 #include "retrospective/Weights.h"
 
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 #include "support/RetroData.h"
 #include "workspace/Workspace.h"
 
@@ -75,10 +75,10 @@ TEST(BuildScoreWeights, StopsAtAnExpectedCountThatIsNotAboveZero) {
     ws.CurrentSigma = 1;
     BuildScoreWeights();
     ws.ExpCount(2) = 0;
-    EXPECT_EQ(ErrorNumber(BuildScoreWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
     ExpectScoreWeightsZero();
     ws.ExpCount(2) = -1;
-    EXPECT_EQ(ErrorNumber(BuildScoreWeights), InvalidProcedureCall);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), InvalidProcedureCall);
     ExpectScoreWeightsZero();
 }
 
@@ -86,18 +86,18 @@ TEST(BuildScoreWeights, StopsAtAShareOfZero) {
     TakeRetroRegions(Pair, 2);
     ws.CurrentSigma = 1;
     ws.ExpRatio(1) = 0;
-    EXPECT_EQ(ErrorNumber(BuildScoreWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
     ExpectScoreWeightsZero();
 }
 
 TEST(BuildScoreWeights, StopsWithoutAStudyArea) {
     TakeRetroRegions(Pair, 0);
     ws.CurrentSigma = 1;
-    EXPECT_EQ(ErrorNumber(BuildScoreWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
     ExpectScoreWeightsZero();
     TakeRetroRegions({{1, 1, 3, 3}, {1, 1, 3, 3}}, 0); // 0 / 0
     ws.CurrentSigma = 1;
-    EXPECT_NE(ErrorNumber(BuildScoreWeights), 0);
+    EXPECT_NE(ErrorNumberOf(BuildScoreWeights), 0);
     ExpectScoreWeightsZero();
 }
 
@@ -114,10 +114,10 @@ TEST(BuildMWeights, FillsItsOwnMatrixAlone) {
 TEST(BuildMWeights, TellsASigmaWhoseSquareIsTooLargeOrZero) {
     TakeRetroRegions(Pair, 2);
     ws.CurrentSigma = 1e200;
-    EXPECT_EQ(ErrorNumber(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
     EXPECT_TRUE(IsZero(ws.WeightM));
     ws.CurrentSigma = 1e-200;
-    EXPECT_EQ(ErrorNumber(BuildMWeights), DivisionByZero);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), DivisionByZero);
     EXPECT_TRUE(IsZero(ws.WeightM));
 }
 
@@ -125,8 +125,8 @@ TEST(BuildMWeights, CountsRegionsInSixteenBits) {
     ws = Workspace{};
     ws.bShapefileData = true;
     ws.NumRegion = 32768;
-    EXPECT_EQ(ErrorNumber(BuildMWeights), Overflow);
-    EXPECT_EQ(ErrorNumber(BuildScoreWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), Overflow);
     EXPECT_FALSE(ws.WeightM.IsAllocated());
 }
 

@@ -1,6 +1,6 @@
 #include "retrospective/cMathLib.h"
 
-#include "support/ErrorNumber.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -94,6 +94,6 @@ TEST(cMathLib, TellsEveryOtherFailureAsANullMatrix) {
 
 TEST(cMathLib, CountsRowsInSixteenBits) {
     const Array1<double> most(32766), tooMany(32767); // 32767 and 32768 rows
-    EXPECT_EQ(ErrorNumber([&] { cMathLib().Add(most, most); }), 0);
-    EXPECT_EQ(ErrorNumber([&] { cMathLib().Add(tooMany, tooMany); }), 5022);
+    EXPECT_EQ(ErrorNumberOf([&] { cMathLib().Add(most, most); }), 0);
+    EXPECT_EQ(ErrorNumberOf([&] { cMathLib().Add(tooMany, tooMany); }), 5022);
 }

@@ -1,7 +1,5 @@
 #include "support/RaisedError.h"
 
-#include "platform/RunTimeError.h"
-
 namespace vastrel {
 
 std::ostream& operator<<(std::ostream& stream, const RaisedError& error) {
@@ -19,6 +17,10 @@ RaisedError ErrorOf(const std::function<void()>& call) {
 
 long ErrorNumberOf(const std::function<void()>& call) {
     return ErrorOf(call).Number;
+}
+
+std::string ErrorDescriptionOf(const std::function<void()>& call) {
+    return ErrorOf(call).Description;
 }
 
 } // namespace vastrel

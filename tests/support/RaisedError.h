@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/RunTimeError.h"
+
 #include <functional>
 #include <ostream>
 #include <string>
@@ -18,5 +20,6 @@ std::ostream& operator<<(std::ostream& stream, const RaisedError& error);
 
 RaisedError ErrorOf(const std::function<void()>& call);
 long ErrorNumberOf(const std::function<void()>& call);
+std::string ErrorDescriptionOf(const std::function<void()>& call);
 
 } // namespace vastrel

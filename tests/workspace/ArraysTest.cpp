@@ -1,6 +1,6 @@
 #include "workspace/Arrays.h"
 
-#include "support/Errors.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ TEST(Array1, HasNoElementBeforeItIsDimensioned) {
     const Array1<double> array;
     EXPECT_FALSE(array.IsAllocated());
     EXPECT_EQ(array.UpperBound(), -1);
-    EXPECT_EQ(NumberOf([&] { array(0); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { array(0); }), SubscriptOutOfRange);
 }
 
 TEST(Array1, TakesIndicesFromZeroToItsBound) {
@@ -29,9 +29,9 @@ TEST(Array1, TakesIndicesFromZeroToItsBound) {
         EXPECT_EQ(array(i), 0);
     array(3) = 5;
     EXPECT_EQ(array(3), 5);
-    EXPECT_EQ(NumberOf([&] { array(-1); }), SubscriptOutOfRange);
-    EXPECT_EQ(NumberOf([&] { array(4); }), SubscriptOutOfRange);
-    EXPECT_EQ(DescriptionOf([&] { array(4); }), "Subscript out of range\nElement 4 of an array of 3.");
+    EXPECT_EQ(ErrorNumberOf([&] { array(-1); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { array(4); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorDescriptionOf([&] { array(4); }), "Subscript out of range\nElement 4 of an array of 3.");
 }
 
 TEST(Array1, IsRedimensionedWhole) {
@@ -42,7 +42,7 @@ TEST(Array1, IsRedimensionedWhole) {
     EXPECT_EQ(array(0), 0);
     EXPECT_EQ(array(1), 0);
     array.ReDim(1);
-    EXPECT_EQ(NumberOf([&] { array(2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { array(2); }), SubscriptOutOfRange);
     array.ReDim(0);
     EXPECT_EQ(array(0), 0);
     EXPECT_TRUE(array.IsAllocated());
@@ -51,7 +51,7 @@ TEST(Array1, IsRedimensionedWhole) {
     array.ReDim(2);
     array.Clear();
     EXPECT_FALSE(array.IsAllocated());
-    EXPECT_EQ(NumberOf([&] { array.ReDim(-2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { array.ReDim(-2); }), SubscriptOutOfRange);
 }
 
 TEST(Array1, GoesBackToZero) {
@@ -87,8 +87,8 @@ TEST(Table, HasNoElementBeforeItIsDimensioned) {
     EXPECT_FALSE(table.IsAllocated());
     EXPECT_EQ(table.UpperBound1(), -1);
     EXPECT_EQ(table.UpperBound2(), -1);
-    EXPECT_EQ(NumberOf([&] { table(0, 0); }), SubscriptOutOfRange);
-    EXPECT_EQ(NumberOf([&] { table.row(0); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { table(0, 0); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { table.row(0); }), SubscriptOutOfRange);
 }
 
 TEST(Table, TakesIndicesFromZeroToBothBounds) {
@@ -98,10 +98,10 @@ TEST(Table, TakesIndicesFromZeroToBothBounds) {
     EXPECT_EQ(table(2, 4), 5);
     // Each index is looked at by itself: none of these is out of the memory, all are out of the table.
     for (const auto& [i, j] : {std::pair{-1, 4}, {0, 5}, {1, -1}, {3, 0}, {2, 5}})
-        EXPECT_EQ(NumberOf([&, i = i, j = j] { table(i, j); }), SubscriptOutOfRange) << i << ", " << j;
-    EXPECT_EQ(DescriptionOf([&] { table(3, 1); }),
+        EXPECT_EQ(ErrorNumberOf([&, i = i, j = j] { table(i, j); }), SubscriptOutOfRange) << i << ", " << j;
+    EXPECT_EQ(ErrorDescriptionOf([&] { table(3, 1); }),
               "Subscript out of range\nElement (3, 1) of a table of 2 by 4.");
-    EXPECT_EQ(NumberOf([&] { table.row(3); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { table.row(3); }), SubscriptOutOfRange);
 }
 
 TEST(Table, IsContiguousAndAligned) {
@@ -126,9 +126,9 @@ TEST(Table, IsRedimensionedWhole) {
     table.ReDim(1, 1);
     table.Clear();
     EXPECT_FALSE(table.IsAllocated());
-    EXPECT_EQ(NumberOf([&] { table(1, 1); }), SubscriptOutOfRange);
-    EXPECT_EQ(NumberOf([&] { table.ReDim(-2, -2); }), SubscriptOutOfRange); // a product above 0
-    EXPECT_EQ(NumberOf([&] { table.ReDim(1, -2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { table(1, 1); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { table.ReDim(-2, -2); }), SubscriptOutOfRange); // a product above 0
+    EXPECT_EQ(ErrorNumberOf([&] { table.ReDim(1, -2); }), SubscriptOutOfRange);
 }
 
 TEST(Table, HasNoElementWhereItsMemoryIsRefused) {
@@ -139,5 +139,5 @@ TEST(Table, HasNoElementWhereItsMemoryIsRefused) {
     // 2^60 bytes: less than the longest array, more than any machine
     EXPECT_THROW(table.ReDim((std::ptrdiff_t{1} << 30) - 1, (std::ptrdiff_t{1} << 27) - 1), std::bad_alloc);
     EXPECT_FALSE(table.IsAllocated());
-    EXPECT_EQ(NumberOf([&] { table(2, 2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { table(2, 2); }), SubscriptOutOfRange);
 }
