@@ -1,4 +1,5 @@
 #include "prospective/screens/PolygonWatchScreen.h"
+#include "prospective/screens/ShownLists.h"
 #include "support/BatchProgram.h"
 #include "support/PlainWatch.h"
 
@@ -88,7 +89,7 @@ protected:
         if (start.Saved.empty()) words.insert(words.end(), {"--cusum", Folder / "cusum"});
         const BatchResult batch = RunBatch(words);
         ASSERT_EQ(batch.Status, 0) << batch;
-        EXPECT_EQ(Shown(), ReadFile(Folder / "lists"));
+        EXPECT_EQ(ShownLists(*Periods(), *Regions()), ReadFile(Folder / "lists"));
         Script.ExpectFile(FileQuestion::Kind::Save, TextFilter, Folder / "shown");
         Press(Screen, "cmdSaveResult");
         EXPECT_EQ(ReadFile(Folder / "shown"), ReadFile(Folder / "report"));
@@ -97,20 +98,6 @@ protected:
         Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "shown");
         Press(Screen, "cmdSaveCusum");
         EXPECT_EQ(ReadFile(Folder / "shown"), ReadFile(Folder / "cusum"));
-    }
-
-    /// The period list, then for each period with a signal an empty line and its rows.
-    std::string Shown() {
-        std::string text;
-        for (const auto& row : Rows(Periods()))
-            text += row + "\n";
-        for (int row = 2; row < Periods()->ListCount() - 1; ++row) {
-            Periods()->SetListIndex(row);
-            if (Regions()->ListCount() > 0) text += "\n";
-            for (const auto& signal : Rows(Regions()))
-                text += signal + "\n";
-        }
-        return text;
     }
 
     /// Runs the first half, saves it, goes on from it, and holds the sums against those of one run.

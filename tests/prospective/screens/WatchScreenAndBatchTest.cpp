@@ -1,3 +1,4 @@
+#include "prospective/screens/ShownLists.h"
 #include "prospective/screens/WatchScreen.h"
 #include "support/BatchProgram.h"
 
@@ -40,27 +41,13 @@ protected:
         words.insert(words.end(), start.begin(), start.end());
         const BatchResult batch = RunBatch(words);
         ASSERT_EQ(batch.Status, 0) << batch;
-        EXPECT_EQ(Shown(), ReadFile(Folder / "lists"));
+        EXPECT_EQ(ShownLists(*Periods(), *Regions()), ReadFile(Folder / "lists"));
         Script.ExpectFile(FileQuestion::Kind::Save, ReportFilter, Folder / "shown");
         Press(Screen, "cmdSaveResult");
         EXPECT_EQ(ReadFile(Folder / "shown"), ReadFile(Folder / "report"));
         Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "shown");
         Press(Screen, "cmdSaveCusum");
         EXPECT_EQ(ReadFile(Folder / "shown"), ReadFile(Folder / "cusum"));
-    }
-
-    /// The period list, then for each period with a signal an empty line and its rows.
-    std::string Shown() {
-        std::string text;
-        for (const auto& row : Rows(Periods()))
-            text += row + "\n";
-        for (int row = 2; row < Periods()->ListCount() - 1; ++row) {
-            Periods()->SetListIndex(row);
-            if (Regions()->ListCount() > 0) text += "\n";
-            for (const auto& signal : Rows(Regions()))
-                text += signal + "\n";
-        }
-        return text;
     }
 };
 
