@@ -54,7 +54,7 @@ void SumAreas() {
             ws.ShpPartArea(i, j).RegionIndex = i;
             regionSum += area;
         }
-        if (ws.CurPolygon->Count() > 0) ws.ShpPartArea(i, 1).RegionArea = std::fabs(regionSum);
+        ws.ShpPartArea(i, 1).RegionArea = std::fabs(regionSum); // error 9 where no Region has any part
         ws.TotalShapeArea += std::fabs(regionSum);
     }
 }

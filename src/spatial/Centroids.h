@@ -7,7 +7,7 @@ namespace vastrel {
 ///
 /// Run-time errors: 6 for a part of more than 32767 points, a Region of more than 32767 parts, or an area too
 /// large; 7 where the table of parts would need more memory than there is; 9 where there are fewer polygons
-/// than Regions. After an error the outputs are zero.
+/// than Regions, and where no Region has any part. After an error the outputs are zero.
 void ComputeShapeAreas();
 
 /// Fills RegionCentroid; needs ShpPartArea. A Region of one part has the centroid of its ring; one of several

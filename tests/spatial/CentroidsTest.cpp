@@ -131,6 +131,14 @@ TEST_F(Centroids, LeaveARegionWithoutPartsAtTheOrigin) {
     EXPECT_EQ(ws.RegionCentroid(1), (RegionPoint{"1", 0, 0}));
 }
 
+// Then the table of areas has no place for the first part of a Region, which holds the area of the Region.
+TEST_F(Centroids, StopWhereNoRegionHasAnyPart) {
+    AddRegion({});
+    AddRegion({});
+    EXPECT_EQ(ErrorNumberOf(ComputeShapeAreas), SubscriptOutOfRange);
+    EXPECT_EQ(ws.TotalShapeArea, 0);
+}
+
 TEST_F(Centroids, CountPointsIn16Bits) {
     AddRegion({LongRing(32767)});
     Compute();
