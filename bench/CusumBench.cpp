@@ -47,6 +47,6 @@ void PlainFilter(benchmark::State& state) {
 }
 
 const bool registered = Register("filter/3085/cusum/all", Length::Short, Filter) &&
-                        Register("filter/3085/plain/1", Length::Long, PlainFilter);
+                        Register("filter/3085/plain/1", Length::VeryLong, PlainFilter);
 
 } // namespace

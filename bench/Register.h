@@ -6,8 +6,9 @@
 
 namespace vastrel {
 
-/// A long computation runs once a repetition, with no trial runs before, and has fewer repetitions.
-enum class Length { Short, Long };
+/// A long computation runs once a repetition, with no trial runs before, and has three repetitions; one of
+/// many seconds has one.
+enum class Length { Short, Long, VeryLong };
 
 /// Registers a benchmark "group/size/what/cores". Both clocks run: the time of day, which counts where
 /// several cores work, and the processor's, which other programs disturb less.
@@ -17,7 +18,7 @@ bool Register(const std::string& name, Length length, Run run) {
                            ->Unit(benchmark::kMillisecond)
                            ->MeasureProcessCPUTime()
                            ->UseRealTime();
-    if (length == Length::Long) registered->Iterations(1)->Repetitions(3);
+    if (length != Length::Short) registered->Iterations(1)->Repetitions(length == Length::Long ? 3 : 1);
     return true;
 }
 

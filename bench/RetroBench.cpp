@@ -107,7 +107,7 @@ const bool registered = [] {
         Register("bandwidth/" + std::to_string(n) + "/adjusted/all", n < 1000 ? Length::Short : Length::Long,
                  [n](benchmark::State& state) { Bandwidth(state, n); });
     for (const int n : {250, 500, 1000})
-        Register("bandwidth/" + std::to_string(n) + "/plain/1", n < 500 ? Length::Short : Length::Long,
+        Register("bandwidth/" + std::to_string(n) + "/plain/1", n < 500 ? Length::Short : Length::VeryLong,
                  [n](benchmark::State& state) { PlainBandwidth(state, n); });
     return Register("p-value/3/normal/1", Length::Short, NormalP) &&
            Register("p-value/3/plain/1", Length::Short, PlainNormalP);
