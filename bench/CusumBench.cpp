@@ -1,6 +1,6 @@
 // The filter of the prospective test.
 #include "Register.h"
-#include "prospective/CusumEngine.h"
+#include "core/prospective/CusumEngine.h"
 #include "support/PlainLoops.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // The dense kernel against the plain loops and against OpenBLAS, single core against single core.
 #include "Register.h"
-#include "platform/RowWorkers.h"
-#include "retrospective/DenseKernel.h"
+#include "core/numeric/DenseKernel.h"
+#include "core/numeric/RowWorkers.h"
 #include "support/PlainLoops.h"
 
 #include <cblas.h>

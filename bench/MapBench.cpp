@@ -1,20 +1,20 @@
 // What an analyst waits for at the screen: a map that is painted again, files that are opened, long lists and
 // the attribute table.
 #include "Register.h"
-#include "display/PolygonMap.h"
-#include "display/PolygonPainter.h"
-#include "display/qt/PaintedSurface.h"
-#include "display/qt/PictureFiles.h"
-#include "display/screens/frmPolygonSHP.h"
-#include "frontend/screens/MDIFrmMain.h"
-#include "platform/Platform.h"
-#include "platform/qt/ListBox.h"
-#include "platform/qt/Screens.h"
-#include "spatial/ShapeDataset.h"
-#include "spatial/screens/frmAttTable.h"
+#include "core/display/PolygonMap.h"
+#include "core/display/PolygonPainter.h"
+#include "core/platform/Platform.h"
+#include "core/spatial/ShapeDataset.h"
+#include "core/workspace/Workspace.h"
+#include "desktop/display/frmPolygonSHP.h"
+#include "desktop/frontend/MDIFrmMain.h"
+#include "desktop/spatial/frmAttTable.h"
+#include "desktop/toolkit/ListBox.h"
+#include "desktop/toolkit/Screens.h"
+#include "pictures/PaintedSurface.h"
+#include "pictures/PictureFiles.h"
 #include "support/AttributeData.h"
 #include "support/screens/Mouse.h"
-#include "workspace/Workspace.h"
 
 #include <QAction>
 #include <QApplication>

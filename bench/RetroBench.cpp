@@ -1,10 +1,10 @@
 // What an analyst waits for in the retrospective test: sweeps over the default bandwidths, and the p-value.
 #include "Register.h"
-#include "platform/Platform.h"
-#include "retrospective/PValues.h"
-#include "retrospective/Sweep.h"
+#include "core/platform/Platform.h"
+#include "core/retrospective/PValues.h"
+#include "core/retrospective/Sweep.h"
+#include "core/workspace/Workspace.h"
 #include "support/PlainRetrospective.h"
-#include "workspace/Workspace.h"
 
 #include <cmath>
 #include <random>

@@ -1,8 +1,8 @@
 #include "FuzzTarget.h"
 
-#include "platform/Platform.h"
-#include "platform/RunTimeError.h"
-#include "workspace/Workspace.h"
+#include "core/platform/Platform.h"
+#include "core/platform/RunTimeError.h"
+#include "core/workspace/Workspace.h"
 
 #include <cmath>
 #include <cstdlib>

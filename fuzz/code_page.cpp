@@ -2,8 +2,9 @@
 // the text to decode.
 #include "FuzzTarget.h"
 
-#include "platform/TextFile.h"
-#include "spatial/CodePage.h"
+#include "core/spatial/CodePage.h"
+#include "core/text/TextEncoding.h"
+#include "core/text/TextFile.h"
 
 #include <cstdlib>
 

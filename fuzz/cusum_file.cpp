@@ -1,8 +1,8 @@
 // The cusum file (.csm).
 #include "FuzzTarget.h"
 
-#include "prospective/CusumFile.h"
-#include "workspace/Workspace.h"
+#include "core/prospective/CusumFile.h"
+#include "core/workspace/Workspace.h"
 
 using namespace vastrel;
 

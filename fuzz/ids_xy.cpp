@@ -1,7 +1,7 @@
 // The ids and coordinates of a prospective run on points.
 #include "FuzzTarget.h"
 
-#include "prospective/CusumInput.h"
+#include "core/prospective/CusumInput.h"
 
 using namespace vastrel;
 

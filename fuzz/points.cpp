@@ -1,7 +1,7 @@
 // The point dataset, in both formats.
 #include "FuzzTarget.h"
 
-#include "retrospective/PointDataset.h"
+#include "core/retrospective/PointDataset.h"
 
 using namespace vastrel;
 

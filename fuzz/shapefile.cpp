@@ -2,13 +2,13 @@
 // low byte first; the rest is the .dbf.
 #include "FuzzTarget.h"
 
-#include "platform/Platform.h"
-#include "spatial/CentroidFile.h"
-#include "spatial/Centroids.h"
-#include "spatial/InfoList.h"
-#include "spatial/Recordset.h"
-#include "spatial/ShapeDataset.h"
-#include "workspace/Workspace.h"
+#include "core/platform/Platform.h"
+#include "core/spatial/CentroidFile.h"
+#include "core/spatial/Centroids.h"
+#include "core/spatial/InfoList.h"
+#include "core/spatial/Recordset.h"
+#include "core/spatial/ShapeDataset.h"
+#include "core/workspace/Workspace.h"
 
 #include <algorithm>
 

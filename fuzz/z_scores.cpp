@@ -1,8 +1,8 @@
 // The z-scores and the saved cusums of a prospective run, on points and on polygons.
 #include "FuzzTarget.h"
 
-#include "prospective/CusumInput.h"
-#include "workspace/Workspace.h"
+#include "core/prospective/CusumInput.h"
+#include "core/workspace/Workspace.h"
 
 using namespace vastrel;
 

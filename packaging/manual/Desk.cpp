@@ -1,8 +1,8 @@
 #include "Desk.h"
 
-#include "display/qt/PlotWidget.h"
-#include "platform/qt/ComboBox.h"
-#include "platform/qt/ListBox.h"
+#include "desktop/toolkit/ComboBox.h"
+#include "desktop/toolkit/ListBox.h"
+#include "desktop/toolkit/PlotWidget.h"
 #include "support/screens/Mouse.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frontend/screens/MDIFrmMain.h"
-#include "platform/qt/QtPlatform.h"
+#include "desktop/frontend/MDIFrmMain.h"
+#include "desktop/toolkit/QtPlatform.h"
 
 #include <QRect>
 

@@ -1,8 +1,8 @@
-#include "spatial/Centroids.h"
+#include "core/spatial/Centroids.h"
 #include "batch/Command.h"
 #include "batch/Outputs.h"
 #include "batch/PolygonInput.h"
-#include "spatial/CentroidFile.h"
+#include "core/spatial/CentroidFile.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "batch/ConsolePlatform.h"
 
-#include "platform/RunTimeError.h"
+#include "core/platform/RunTimeError.h"
 
 #include <cstdlib>
 #include <iostream>

@@ -1,10 +1,10 @@
 #include "batch/Command.h"
 #include "batch/Outputs.h"
 #include "batch/PolygonInput.h"
-#include "export/ExportColumns.h"
-#include "export/ExportDataset.h"
-#include "platform/TextFile.h"
-#include "spatial/Centroids.h"
+#include "core/export/ExportColumns.h"
+#include "core/export/ExportDataset.h"
+#include "core/spatial/Centroids.h"
+#include "core/text/TextFile.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
-#include "prospective/HValueCalculator.h"
+#include "core/prospective/HValueCalculator.h"
 
 #include <iostream>
 #include <map>

@@ -1,8 +1,8 @@
 #include "batch/Outputs.h"
 
 #include "batch/Command.h"
-#include "platform/RunTimeError.h"
-#include "platform/TextFile.h"
+#include "core/platform/RunTimeError.h"
+#include "core/text/TextFile.h"
 
 #include <filesystem>
 #include <fstream>

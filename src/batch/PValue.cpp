@@ -1,6 +1,6 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
-#include "retrospective/PValueCalculator.h"
+#include "core/retrospective/PValueCalculator.h"
 
 #include <iostream>
 #include <memory>

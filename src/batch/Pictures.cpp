@@ -1,13 +1,13 @@
 #include "batch/Pictures.h"
 
 #include "batch/Command.h"
-#include "platform/Numbers.h"
+#include "core/text/Numbers.h"
 
 #include <algorithm>
 
 #if VASTREL_PICTURES
-#include "display/qt/ChartFile.h"
-#include "display/qt/PictureFiles.h"
+#include "pictures/ChartFile.h"
+#include "pictures/PictureFiles.h"
 #endif
 
 namespace vastrel {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "display/ChartPicture.h"
-#include "display/PlotSurface.h"
+#include "core/display/ChartPicture.h"
+#include "core/display/PlotSurface.h"
 
 #include <functional>
 #include <string>

@@ -1,14 +1,14 @@
 #include "batch/PolygonInput.h"
 
-#include "frontend/CusumNames.h"
-#include "platform/NativePath.h"
-#include "platform/Platform.h"
-#include "platform/RunTimeError.h"
-#include "spatial/AttributeRows.h"
-#include "spatial/BinaryFile.h"
-#include "spatial/Centroids.h"
-#include "spatial/ShapeDataset.h"
-#include "workspace/Workspace.h"
+#include "core/binding/CusumNames.h"
+#include "core/platform/NativePath.h"
+#include "core/platform/Platform.h"
+#include "core/platform/RunTimeError.h"
+#include "core/spatial/AttributeRows.h"
+#include "core/spatial/BinaryFile.h"
+#include "core/spatial/Centroids.h"
+#include "core/spatial/ShapeDataset.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/Command.h"
-#include "frontend/ColumnBinding.h"
+#include "core/binding/ColumnBinding.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "batch/Pictures.h"
 #include "batch/WatchCommand.h"
-#include "display/PointMap.h"
-#include "prospective/CusumChart.h"
-#include "prospective/CusumInput.h"
-#include "prospective/CusumRows.h"
+#include "core/display/PointMap.h"
+#include "core/prospective/CusumChart.h"
+#include "core/prospective/CusumInput.h"
+#include "core/prospective/CusumRows.h"
 
 #include <map>
 #include <memory>

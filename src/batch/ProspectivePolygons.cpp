@@ -1,13 +1,13 @@
 #include "batch/Pictures.h"
 #include "batch/PolygonInput.h"
 #include "batch/WatchCommand.h"
-#include "display/PolygonPainter.h"
-#include "prospective/CusumFile.h"
-#include "prospective/CusumInput.h"
-#include "prospective/PolygonCusum.h"
-#include "prospective/PolygonDisplay.h"
-#include "prospective/PolygonSource.h"
-#include "workspace/Workspace.h"
+#include "core/display/PolygonPainter.h"
+#include "core/prospective/CusumFile.h"
+#include "core/prospective/CusumInput.h"
+#include "core/prospective/PolygonCusum.h"
+#include "core/prospective/PolygonDisplay.h"
+#include "core/prospective/PolygonSource.h"
+#include "core/workspace/Workspace.h"
 
 #include <filesystem>
 #include <map>

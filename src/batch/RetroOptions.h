@@ -1,8 +1,8 @@
 #pragma once
 
 #include "batch/Command.h"
-#include "retrospective/Bandwidth.h"
-#include "retrospective/RetroVariable.h"
+#include "core/retrospective/Bandwidth.h"
+#include "core/retrospective/RetroVariable.h"
 
 namespace vastrel {
 

@@ -1,10 +1,10 @@
 #include "batch/RetroResults.h"
 
-#include "display/LegendClasses.h"
-#include "platform/TextFile.h"
-#include "retrospective/MStatistic.h"
-#include "retrospective/PValues.h"
-#include "workspace/Workspace.h"
+#include "core/display/LegendClasses.h"
+#include "core/retrospective/MStatistic.h"
+#include "core/retrospective/PValues.h"
+#include "core/text/TextFile.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/RetroOptions.h"
-#include "retrospective/RetroRules.h"
+#include "core/retrospective/RetroRules.h"
 
 #include <nlohmann/json.hpp>
 

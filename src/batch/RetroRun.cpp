@@ -2,13 +2,13 @@
 
 #include "batch/Pictures.h"
 #include "batch/Progress.h"
-#include "display/LegendClasses.h"
-#include "display/PointMap.h"
-#include "platform/Numbers.h"
-#include "platform/TextFile.h"
-#include "retrospective/RetroReport.h"
-#include "retrospective/Sweep.h"
-#include "workspace/Workspace.h"
+#include "core/display/LegendClasses.h"
+#include "core/display/PointMap.h"
+#include "core/retrospective/RetroReport.h"
+#include "core/retrospective/Sweep.h"
+#include "core/text/Numbers.h"
+#include "core/text/TextFile.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

@@ -2,7 +2,7 @@
 
 #include "batch/Outputs.h"
 #include "batch/RetroResults.h"
-#include "retrospective/ResultLists.h"
+#include "core/retrospective/ResultLists.h"
 
 namespace vastrel {
 

@@ -1,9 +1,9 @@
 #include "batch/Pictures.h"
 #include "batch/RetroRun.h"
-#include "display/LegendClasses.h"
-#include "display/PointMap.h"
-#include "platform/Platform.h"
-#include "retrospective/PointDataset.h"
+#include "core/display/LegendClasses.h"
+#include "core/display/PointMap.h"
+#include "core/platform/Platform.h"
+#include "core/retrospective/PointDataset.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "batch/Pictures.h"
 #include "batch/PolygonInput.h"
 #include "batch/RetroRun.h"
-#include "display/LegendClasses.h"
-#include "display/PolygonPainter.h"
+#include "core/display/LegendClasses.h"
+#include "core/display/PolygonPainter.h"
 
 #include <memory>
 

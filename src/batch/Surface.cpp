@@ -1,7 +1,7 @@
 #include "batch/Command.h"
-#include "display/PlotSurface.h"
-#include "platform/Numbers.h"
-#include "platform/TextFile.h"
+#include "core/display/PlotSurface.h"
+#include "core/text/Numbers.h"
+#include "core/text/TextFile.h"
 
 namespace vastrel {
 

@@ -1,9 +1,9 @@
 #include "batch/WatchCommand.h"
 
 #include "batch/Progress.h"
-#include "platform/TextFile.h"
-#include "prospective/CusumFile.h"
-#include "prospective/CusumRows.h"
+#include "core/prospective/CusumFile.h"
+#include "core/prospective/CusumRows.h"
+#include "core/text/TextFile.h"
 
 namespace vastrel {
 

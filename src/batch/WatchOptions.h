@@ -1,7 +1,7 @@
 #pragma once
 
 #include "batch/Command.h"
-#include "prospective/CusumParameters.h"
+#include "core/prospective/CusumParameters.h"
 
 namespace vastrel {
 

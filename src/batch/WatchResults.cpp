@@ -2,11 +2,11 @@
 
 #include "batch/Pictures.h"
 #include "batch/RetroResults.h"
-#include "platform/TextFile.h"
-#include "prospective/CusumChart.h"
-#include "prospective/CusumReport.h"
-#include "prospective/CusumRows.h"
-#include "workspace/Workspace.h"
+#include "core/prospective/CusumChart.h"
+#include "core/prospective/CusumReport.h"
+#include "core/prospective/CusumRows.h"
+#include "core/text/TextFile.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

@@ -2,7 +2,7 @@
 
 #include "batch/Outputs.h"
 #include "batch/WatchOptions.h"
-#include "prospective/CusumTables.h"
+#include "core/prospective/CusumTables.h"
 
 namespace vastrel {
 

@@ -1,6 +1,6 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
-#include "platform/RunTimeError.h"
+#include "core/platform/RunTimeError.h"
 
 #include <algorithm>
 #include <iostream>

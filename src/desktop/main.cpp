@@ -1,5 +1,5 @@
-#include "frontend/screens/MDIFrmMain.h"
-#include "platform/qt/QtPlatform.h"
+#include "desktop/frontend/MDIFrmMain.h"
+#include "desktop/toolkit/QtPlatform.h"
 
 #include <QApplication>
 #include <QStyleFactory>

@@ -1,10 +1,10 @@
 #include "support/AttributeData.h"
 
-#include "platform/NativePath.h"
-#include "platform/Platform.h"
-#include "spatial/AttributeRows.h"
-#include "spatial/ShapeDataset.h"
-#include "workspace/Workspace.h"
+#include "core/platform/NativePath.h"
+#include "core/platform/Platform.h"
+#include "core/spatial/AttributeRows.h"
+#include "core/spatial/ShapeDataset.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

@@ -1,7 +1,7 @@
 #include "support/ForcedMachine.h"
 
-#include "platform/RowWorkers.h"
-#include "retrospective/DenseKernel.h"
+#include "core/numeric/DenseKernel.h"
+#include "core/numeric/RowWorkers.h"
 
 #include <gtest/gtest.h>
 

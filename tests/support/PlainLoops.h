@@ -1,6 +1,6 @@
 #pragma once
 
-#include "retrospective/DenseKernel.h"
+#include "core/numeric/DenseKernel.h"
 
 namespace vastrel {
 

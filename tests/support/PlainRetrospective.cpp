@@ -1,6 +1,7 @@
 #include "support/PlainRetrospective.h"
 
-#include "platform/Numbers.h"
+#include "core/numeric/Power.h"
+#include "core/text/Numbers.h"
 
 #include <algorithm>
 #include <cmath>

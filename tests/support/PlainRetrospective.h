@@ -1,7 +1,7 @@
 #pragma once
 
-#include "retrospective/RetroVariable.h"
-#include "workspace/Workspace.h"
+#include "core/retrospective/RetroVariable.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

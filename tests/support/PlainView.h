@@ -1,7 +1,7 @@
 #pragma once
 
-#include "display/PlotSurface.h"
-#include "workspace/Workspace.h"
+#include "core/display/PlotSurface.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RunTimeError.h"
+#include "core/platform/RunTimeError.h"
 
 #include <functional>
 #include <ostream>

@@ -1,6 +1,6 @@
 #include "support/RecorderSurface.h"
 
-#include "platform/Numbers.h"
+#include "core/text/Numbers.h"
 
 #include <cstdio>
 

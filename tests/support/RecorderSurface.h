@@ -1,6 +1,6 @@
 #pragma once
 
-#include "display/PlotSurface.h"
+#include "core/display/PlotSurface.h"
 
 namespace vastrel {
 

@@ -1,9 +1,9 @@
 #include "support/RetroData.h"
 
-#include "display/PointMap.h"
-#include "retrospective/PointDataset.h"
+#include "core/display/PointMap.h"
+#include "core/retrospective/PointDataset.h"
+#include "core/workspace/Workspace.h"
 #include "support/TemporaryFolder.h"
-#include "workspace/Workspace.h"
 
 #include <gtest/gtest.h>
 

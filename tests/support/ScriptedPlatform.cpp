@@ -1,6 +1,6 @@
 #include "support/ScriptedPlatform.h"
 
-#include "platform/RunTimeError.h"
+#include "core/platform/RunTimeError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "support/SmoothedScores.h"
 
-#include "workspace/Workspace.h"
+#include "core/workspace/Workspace.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "display/qt/PlotWidget.h"
+#include "desktop/toolkit/PlotWidget.h"
 
 #include <QApplication>
 #include <QMouseEvent>

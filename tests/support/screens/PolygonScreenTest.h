@@ -1,11 +1,11 @@
 #pragma once
 
-#include "display/screens/frmPolygonSHP.h"
-#include "frontend/screens/frmParameter.h"
-#include "frontend/screens/frmSelectName.h"
-#include "platform/qt/ComboBox.h"
-#include "retrospective/screens/frmClusterDetection.h"
-#include "spatial/screens/frmAttTable.h"
+#include "desktop/display/frmPolygonSHP.h"
+#include "desktop/frontend/frmParameter.h"
+#include "desktop/frontend/frmSelectName.h"
+#include "desktop/retrospective/frmClusterDetection.h"
+#include "desktop/spatial/frmAttTable.h"
+#include "desktop/toolkit/ComboBox.h"
 #include "support/AttributeData.h"
 #include "support/screens/ScreenTest.h"
 

@@ -1,7 +1,7 @@
 #include "support/screens/ScreenChecks.h"
 
-#include "display/qt/LineChart.h"
-#include "display/qt/PlotWidget.h"
+#include "desktop/toolkit/PlotWidget.h"
+#include "pictures/LineChart.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

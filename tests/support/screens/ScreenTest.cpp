@@ -1,8 +1,8 @@
 #include "support/screens/ScreenTest.h"
 
-#include "platform/qt/OptionButton.h"
+#include "core/workspace/Workspace.h"
+#include "desktop/toolkit/OptionButton.h"
 #include "support/screens/ScreenChecks.h"
-#include "workspace/Workspace.h"
 
 #include <QAction>
 #include <QApplication>

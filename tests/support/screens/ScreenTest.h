@@ -1,8 +1,8 @@
 #pragma once
 
-#include "frontend/screens/MDIFrmMain.h"
-#include "platform/qt/ListBox.h"
-#include "platform/qt/Screens.h"
+#include "desktop/frontend/MDIFrmMain.h"
+#include "desktop/toolkit/ListBox.h"
+#include "desktop/toolkit/Screens.h"
 #include "support/ScriptedPlatform.h"
 
 #include <QAbstractButton>

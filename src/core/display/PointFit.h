@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/display/PointView.h"
+
+namespace vastrel {
+
+// The arithmetic behind PointView.h; faults show in the floating-point flags.
+
+void FitPointView(PointView& view, const SurfaceSize& surface, const Array1<double>& x,
+                  const Array1<double>& y);
+
+struct UnroundedPosition {
+    double X = 0, Y = 0;
+};
+
+UnroundedPosition PlotPositionOf(const PointView& view, double x, double y);
+
+/// Pairs (Region, distance to the click) for all points.
+Array1<struct KeyedValue> DistancesTo(const PointView& view, double plotX, double plotY,
+                                      const Array1<double>& x, const Array1<double>& y);
+
+} // namespace vastrel

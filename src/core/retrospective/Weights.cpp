@@ -1,0 +1,104 @@
+#include "core/retrospective/Weights.h"
+
+#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/Kernel.h"
+#include "core/numeric/Memory.h"
+#include "core/numeric/NeighbourOrder.h"
+#include "core/spatial/StudyArea.h"
+#include "core/text/Numbers.h"
+#include "core/workspace/Workspace.h"
+
+#include <array>
+
+namespace vastrel {
+
+void TakePointCount() {
+    if (ws.bTextfileData && !ws.bShapefileData) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
+}
+
+void TakePointDataset() {
+    TakePointCount();
+    if (!ws.bTextfileData || ws.bShapefileData) return;
+    ws.TotalShapeArea = 0; // an area that cannot be had leaves none of an earlier map
+    ws.TotalShapeArea = PointStudyArea();
+}
+
+void RequireMemoryForTables(int tables, const char* source) {
+    const double n = Counter16(ws.NumRegion);
+    RequireMemory((n + 1) * (n + 1) * sizeof(double) * tables, source);
+}
+
+namespace {
+
+/// The tables of BuildScoreWeights, those that count the Regions from 1 and those with a zero base.
+auto WeightTables() {
+    return std::array{&ws.WeightUnadjusted, &ws.WeightAdjusted};
+}
+auto GramTables() {
+    return std::array{&ws.ScoreGramPlain, &ws.ScoreGramAdjusted};
+}
+
+/// A fault of the kernel itself is told before its values go any further: a sigma whose square overflows
+/// would only end as a row of length 0.
+void NormalisedKernel(Table<double>& weights, std::ptrdiff_t n) {
+    RunProcedure(
+        "GaussianKernel",
+        [&] {
+            TakeDistances(ws.RegionCentroid, n, ws.Distances);
+            GaussianKernel(ws.Distances, n, ws.TotalShapeArea, ws.CurrentSigma, weights);
+        },
+        [] { ws.Distances = {}; });
+    RowNormalise(weights, n);
+}
+
+void ComputeScoreWeights(std::ptrdiff_t n) {
+    NormalisedKernel(ws.WeightUnadjusted, n);
+    // The adjusted tables are filled afterwards and lend their room.
+    GramOfNeighbours(ws.WeightUnadjusted, NeighbourOrder(ws.RegionCentroid, n), ws.WeightAdjusted,
+                     ws.ScoreGramAdjusted, ws.ScoreGramPlain);
+    ScaleGramByShares(ws.ScoreGramPlain, ws.ExpRatio, n, ws.ScoreGramAdjusted);
+    ScaleColumnsByExpected(ws.WeightUnadjusted, ws.ExpCount, n, ws.WeightAdjusted);
+}
+
+void ClearScoreWeights() {
+    for (auto* table : WeightTables())
+        table->Clear();
+    for (auto* table : GramTables())
+        table->Clear();
+}
+
+void ZeroScoreWeights() {
+    for (auto* table : WeightTables())
+        table->SetZero();
+    for (auto* table : GramTables())
+        table->SetZero();
+}
+
+} // namespace
+
+void BuildScoreWeights() {
+    ClearScoreWeights();
+    TakePointDataset();
+    RequireMemoryForTables(TablesOfScoreWeights, "BuildScoreWeights");
+    const std::ptrdiff_t n = ws.NumRegion;
+    for (auto* table : WeightTables())
+        table->ReDim(n, n);
+    for (auto* table : GramTables())
+        table->ReDim(n - 1, n - 1);
+    if (n == 0) return;
+    RunProcedure(
+        "BuildScoreWeights", [n] { ComputeScoreWeights(n); }, ZeroScoreWeights);
+}
+
+void BuildMWeights() {
+    ws.WeightM.Clear();
+    TakePointDataset();
+    RequireMemoryForTables(TablesOfMWeights, "BuildMWeights");
+    const std::ptrdiff_t n = ws.NumRegion;
+    ws.WeightM.ReDim(n, n);
+    if (n == 0) return;
+    RunProcedure(
+        "BuildMWeights", [n] { NormalisedKernel(ws.WeightM, n); }, [] { ws.WeightM.SetZero(); });
+}
+
+} // namespace vastrel

@@ -1,0 +1,7 @@
+#include "core/workspace/Workspace.h"
+
+namespace vastrel {
+
+Workspace ws;
+
+} // namespace vastrel

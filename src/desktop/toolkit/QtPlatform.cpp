@@ -1,0 +1,115 @@
+#include "desktop/toolkit/QtPlatform.h"
+
+#include "core/platform/RunTimeError.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+namespace vastrel {
+
+namespace {
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QMessageBox::Icon IconOf(Message::Icon symbol) {
+    switch (symbol) {
+    case Message::Icon::Stop:
+        return QMessageBox::Critical;
+    case Message::Icon::Information:
+        return QMessageBox::Information;
+    case Message::Icon::Plain:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// The filter in the toolkit's form. The pattern for every file is "*" here: names without a dot count too.
+QString DialogFilter(const std::string& filter) {
+    const QStringList pieces = Text(filter).split('|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < pieces.size(); i += 2) {
+        const QString caption = pieces[i].section(" (", 0, 0);
+        filters << caption + " (" + (pieces[i + 1] == "*.*" ? "*" : pieces[i + 1]) + ")";
+    }
+    return filters.join(";;");
+}
+
+} // namespace
+
+void QtPlatform::ShowMessage(const Message& message) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(Text(message.Title));
+    box.setText(Text(message.Text));
+    box.setTextFormat(Qt::PlainText);
+    box.setIcon(IconOf(message.Symbol));
+    box.exec();
+}
+
+FileChoice QtPlatform::ChooseFile(const FileQuestion& question) {
+    const bool open = question.Way == FileQuestion::Kind::Open;
+    QFileDialog dialog(QApplication::activeWindow(), open ? "Open" : "Save As", QDir::currentPath(),
+                       DialogFilter(question.Filter));
+    dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!question.DefaultExtension.empty()) {
+        dialog.setDefaultSuffix(Text(question.DefaultExtension));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, [&dialog](const QString& filter) {
+            dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1)); // "PNG picture (*.png)"
+        });
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {"", "", true};
+    const QFileInfo chosen(dialog.selectedFiles().constFirst());
+    QDir::setCurrent(chosen.absolutePath());
+    return {chosen.absoluteFilePath().toStdString(), chosen.fileName().toStdString(), false};
+}
+
+void QtPlatform::SetBusyPointer(bool busy) {
+    if (busy == busy_) return;
+    busy_ = busy;
+    if (busy)
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void QtPlatform::Yield(long count) {
+    // Events are served about once a millisecond of yields: more often would only burn the processor.
+    constexpr long together = 100;
+    const auto start = std::chrono::steady_clock::now();
+    for (long done = 0; done < count;) {
+        QApplication::processEvents();
+        done = count < together ? done + 1 : std::min(count, done + together);
+        std::this_thread::sleep_until(start + done * YieldTime);
+    }
+}
+
+void QtPlatform::ReportRunTimeError(const RunTimeError& error) {
+    Message report;
+    report.Text = ReportText(error);
+    report.Title = "Vastrel";
+    ShowMessage(report);
+}
+
+void QtPlatform::EndProcess(int status) {
+    std::fflush(nullptr);
+    std::_Exit(status); // also from inside a yield, where no stack is left to unwind in peace
+}
+
+std::string QtPlatform::ProgramFolder() {
+    const QDir program(QApplication::applicationDirPath());
+    for (const char* place : {".", "..", "../share/vastrel", "../../..", "../.."})
+        if (QDir(program.filePath(place)).exists("BitMaps")) return program.filePath(place).toStdString();
+    return program.path().toStdString();
+}
+
+} // namespace vastrel

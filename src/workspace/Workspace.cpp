@@ -1,7 +1,0 @@
-#include "workspace/Workspace.h"
-
-namespace vastrel {
-
-Workspace ws;
-
-} // namespace vastrel

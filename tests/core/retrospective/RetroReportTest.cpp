@@ -1,0 +1,166 @@
+#include "core/retrospective/RetroReport.h"
+
+#include "core/retrospective/Sweep.h"
+#include "core/text/TextFile.h"
+#include "core/workspace/Workspace.h"
+#include "support/RetroData.h"
+#include "support/ScriptedPlatform.h"
+
+#include <gtest/gtest.h>
+
+using namespace vastrel;
+
+namespace {
+
+using Rows = std::vector<std::string>;
+
+const std::pair<const char*, RetroVariable> Variables[] = {{"unadjusted", RetroVariable::Unadjusted},
+                                                           {"adjusted", RetroVariable::AdjustedPoisson},
+                                                           {"freeman-tukey", RetroVariable::FreemanTukey},
+                                                           {"rossi", RetroVariable::Rossi}};
+
+const std::string Dashes58(58, '-');
+const std::string Dashes78(78, '-');
+
+/// One polygon Region with two ids and results as a run would leave them, all numbers made up.
+void TakeResults() {
+    TakeRetroRegions({{0, 0, 12, 3.456}}, 2);
+    ws.SecondaryIDs.ReDim(1);
+    ws.SecondaryIDs(1) = "North";
+    for (auto* values : {&ws.LocalU, &ws.LocalZ, &ws.LocalUAdjusted, &ws.LocalZAdjusted, &ws.LocalM})
+        values->ReDim(1);
+    ws.LocalU(1) = 8.544;
+    ws.LocalZ(1) = -2.125;
+    ws.LocalUAdjusted(1) = 4.5;
+    ws.LocalZAdjusted(1) = 1.5;
+    ws.LocalM(1) = 3.0625;
+    ws.LocalMSorted = ws.LocalM;
+    ws.GlobalU = 73;
+    ws.GlobalUAdjusted = 20.25;
+    ws.ScoreChi = 60;
+    ws.ScoreDF = 10;
+    ws.ScoreZ = 4;
+    ws.CurrentSigma = 1;
+}
+
+/// Two steps of a sweep, all numbers made up.
+void TakeSteps() {
+    ws = Workspace{};
+    ws.BandwidthCount = 2;
+    for (auto* values : {&ws.BandwidthList, &ws.SweepStat, &ws.SweepChi, &ws.SweepDF, &ws.SweepPValue,
+                         &ws.SweepMaxM, &ws.SweepMCritical})
+        values->ReDim(2);
+    ws.BandwidthList(0) = 0.00000001;
+    ws.BandwidthList(1) = 0.2;
+    ws.SweepStat(0) = 4567.891;
+    ws.SweepStat(1) = 2.345;
+    ws.SweepChi(0) = 345.678;
+    ws.SweepDF(0) = 45.678;
+    ws.SweepPValue(0) = 0.0123456789012345;
+    ws.SweepMaxM(0) = 5.678;
+    ws.SweepMCritical(0) = 3.4567;
+}
+
+} // namespace
+
+TEST(SingleReport, IsTheGoldenReportOfAPointRun) {
+    for (const auto& [name, variable] : Variables) {
+        ScriptedPlatform silent;
+        TakeFivePoints();
+        ws.CurrentSigma = 1;
+        RunSingleProcedures(variable);
+        EXPECT_EQ(JoinLines(SingleReport(variable, PointRules())), GoldenFive(name, "single", "report"))
+            << name;
+    }
+}
+
+TEST(RangeReport, IsTheGoldenReportOfAPointSweep) {
+    for (const auto& [name, variable] : Variables) {
+        ScriptedPlatform platform;
+        TakeFivePoints();
+        RunSweep(variable, {"0", "1", "0.4"}, PointRules(), [](const std::string&) {});
+        EXPECT_EQ(JoinLines(RangeReport(variable, PointRules())), GoldenFive(name, "range", "report"))
+            << name;
+    }
+}
+
+TEST(SingleReport, HoldsTheScoreOfAPolygonRun) {
+    ScriptedPlatform silent;
+    TakeResults();
+    // Small p-values are written as they round.
+    EXPECT_EQ(SingleReport(RetroVariable::Unadjusted, PolygonRules()),
+              (Rows{"Summary of Global Score Statistic                         ", Dashes58,
+                    "U-statistic (unadjusted) = 73.000", "A chi-squared approximation = 60.000",
+                    "Degree of Freedom = 10.000", "   ---> p-value: 0.0000", "A normal approximation = 4.000",
+                    "   ---> p-value: 0.0000", Dashes58, "",
+                    "Summary of Local Score Statistic                         ", Dashes58,
+                    "             ID      U(i)   Z[U(i)]  Observed  Expected", Dashes58,
+                    "              1      8.54     -2.13     12.00      3.46", Dashes58}));
+}
+
+TEST(SingleReport, NamesAnMOfTheAdjustedScoreThatItDoesNotHold) {
+    ScriptedPlatform silent;
+    TakeResults();
+    ws.bUseSecondaryID = true;
+    const Rows rows = SingleReport(RetroVariable::AdjustedPoisson, PolygonRules());
+    ASSERT_EQ(rows.size(), 16u);
+    EXPECT_EQ(rows[0], "Summary of Global Score and Maximum M Statistic                         ");
+    EXPECT_EQ(rows[2], "U-statistic (adjusted) = 20.250");
+    EXPECT_EQ(rows[10], "Summary of Local Score and M Statistic                         ");
+    EXPECT_EQ(rows[12], "          ID(1)        ID(2)      U(i)   Z[U(i)]  Observed  Expected");
+    EXPECT_EQ(rows[14], "              1        North      4.50      1.50     12.00      3.46");
+}
+
+TEST(SingleReport, HoldsTheMOfAPolygonRun) {
+    ScriptedPlatform platform;
+    TakeResults();
+    ws.bUseSecondaryID = true;
+    // M*: x = 1.81 * 0.2, root of 1.7724539 * 1.0161111
+    EXPECT_EQ(SingleReport(RetroVariable::FreemanTukey, PolygonRules()),
+              (Rows{"Summary of Maximum M Statistic (Standard)                 ", Dashes58,
+                    "Maximum M-statistic = 3.063", "M Critical (M*) = 1.342", Dashes58, "",
+                    "Summary of Local M Statistic                         ", Dashes58,
+                    "          ID(1)        ID(2)      M(i)  Observed  Expected", Dashes58,
+                    "              1        North      3.06     12.00      3.46", Dashes58}));
+    EXPECT_EQ(SingleReport(RetroVariable::Rossi, PolygonRules())[0],
+              "Summary of Maximum M Statistic (Rossi)                    ");
+}
+
+TEST(SingleReport, FollowsTheAlphaAndTheBandwidthOfTheMoment) {
+    ScriptedPlatform platform;
+    TakeResults();
+    ws.AlphaLevel = 0.01; // x = 1.81 * 0.04, root of 1.7724539 * 2.6255490
+    EXPECT_EQ(SingleReport(RetroVariable::Rossi, PolygonRules())[3], "M Critical (M*) = 2.157");
+    ws.CurrentSigma = 100;
+    platform.ExpectMessage("Error!");
+    EXPECT_EQ(SingleReport(RetroVariable::Rossi, PolygonRules())[3], "M Critical (M*) = 0.000");
+}
+
+TEST(RangeReport, LaysOutTheUnadjustedScore) {
+    TakeSteps();
+    EXPECT_EQ(RangeReport(RetroVariable::Unadjusted, PolygonRules()),
+              (Rows{"A summary for a range of bandwidths (Score statistic - unadjusted)", "",
+                    " Sigma     U-Stats         Chi      DF       P-Val    ", Dashes58,
+                    " 0.000     4567.89      345.68   45.68  0.012345678901",
+                    " 0.200        2.35        0.00    0.00  0.000000000000", Dashes58}));
+    EXPECT_EQ(RangeReport(RetroVariable::Unadjusted, PointRules())[2],
+              " Sigma     U-Stats         Chi      DF     p-value    ");
+}
+
+TEST(RangeReport, LaysOutTheAdjustedScore) {
+    TakeSteps();
+    EXPECT_EQ(RangeReport(RetroVariable::AdjustedPoisson, PolygonRules()),
+              (Rows{"A summary for a range of bandwidths (Score statistic - adjusted)", "",
+                    " Sigma     U-Stats        Chi     DF     M     M*        P-Val    ", Dashes78,
+                    " 0.000     4567.89      345.68   45.68  5.68  3.46  0.012345678901",
+                    " 0.200        2.35        0.00    0.00  0.00  0.00  0.000000000000", Dashes78}));
+}
+
+TEST(RangeReport, LaysOutTheMVariables) {
+    TakeSteps();
+    EXPECT_EQ(RangeReport(RetroVariable::FreemanTukey, PolygonRules()),
+              (Rows{"A summary for a range of bandwidths (M statistic - standard)", "", " Sigma   M     M* ",
+                    Dashes58, " 0.0004567.89  3.46", " 0.200  2.35  0.00", Dashes58}));
+    EXPECT_EQ(RangeReport(RetroVariable::Rossi, PolygonRules())[0],
+              "A summary for a range of bandwidths (M statistic - Rossi)");
+}

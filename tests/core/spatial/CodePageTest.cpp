@@ -1,0 +1,61 @@
+#include "core/spatial/CodePage.h"
+
+#include <gtest/gtest.h>
+
+using namespace vastrel;
+
+namespace {
+
+// The same word in several character sets, after the published tables.
+const std::string Koeln = "K\xC3\xB6ln"; // UTF-8
+const std::string Koeln1252 = "K\xF6ln"; // Windows-1252, ISO-8859-1
+const std::string Koeln850 = "K\x94ln";  // DOS 437 and 850
+const std::string Lodz = "\xC5\x81\xC3\xB3"
+                         "d\xC5\xBA"; // UTF-8
+const std::string Lodz1250 = "\xA3\xF3"
+                             "d\x9F"; // Windows-1250
+const std::string Lodz852 = "\x9D\xA2"
+                            "d\xAB";             // DOS 852
+const std::string Kiev1251 = "\xCA\xE8\xE5\xE2"; // Windows-1251
+const std::string Kiev = "\xD0\x9A\xD0\xB8\xD0\xB5\xD0\xB2";
+
+} // namespace
+
+TEST(CodePage, TakesTheNameOfTheCpgFileFirst) {
+    EXPECT_EQ(CodePage("UTF-8", 0x57).Decode(Koeln), Koeln);
+    EXPECT_EQ(CodePage("utf8\r\n", 0).Decode(Koeln), Koeln);
+    EXPECT_EQ(CodePage("65001", 0x03).Decode(Koeln), Koeln);
+    EXPECT_EQ(CodePage("1250", 0x03).Decode(Lodz1250), Lodz);
+    EXPECT_EQ(CodePage("ANSI 1251", 0).Decode(Kiev1251), Kiev);
+    EXPECT_EQ(CodePage("OEM 852", 0).Decode(Lodz852), Lodz);
+    EXPECT_EQ(CodePage("ISO-8859-1", 0x01).Decode(Koeln1252), Koeln);
+    EXPECT_EQ(CodePage("ISO 88591", 0x01).Decode(Koeln1252), Koeln);
+    EXPECT_EQ(CodePage("LDID/2", 0).Decode(Koeln850), Koeln);
+}
+
+TEST(CodePage, TakesTheLanguageByteThen) {
+    EXPECT_EQ(CodePage("", 0x57).Decode(Koeln1252), Koeln);
+    EXPECT_EQ(CodePage("", 0x03).Decode(Koeln), "K\xC3\x83\xC2\xB6ln"); // told to be Windows-1252, so it is
+    EXPECT_EQ(CodePage("", 0x02).Decode(Koeln850), Koeln);
+    EXPECT_EQ(CodePage("", 0x01).Decode(Koeln850), Koeln);
+    EXPECT_EQ(CodePage("", 0xC8).Decode(Lodz1250), Lodz);
+    EXPECT_EQ(CodePage("no such set", 0xC9).Decode(Kiev1251), Kiev);
+}
+
+TEST(CodePage, GuessesWhereNothingIsTold) {
+    const CodePage unknown("", 0);
+    EXPECT_EQ(unknown.Name(), "");
+    EXPECT_EQ(unknown.Decode(Koeln), Koeln);
+    EXPECT_EQ(unknown.Decode(Koeln1252), Koeln);
+    EXPECT_EQ(CodePage("klingon", 0xFF).Decode(Koeln1252), Koeln);
+    EXPECT_EQ(CodePage("CP999999", 0).Decode(Koeln1252), Koeln);
+}
+
+TEST(CodePage, KeepsBytesThatAreNoUtf8) {
+    EXPECT_EQ(CodePage("UTF-8", 0).Decode(Koeln1252), Koeln);
+}
+
+TEST(CodePage, MarksBytesThatStandForNothing) {
+    // 0x81 is no character of Windows-1250.
+    EXPECT_EQ(CodePage("1250", 0).Decode("a\x81z\xF3"), "a?z\xC3\xB3");
+}

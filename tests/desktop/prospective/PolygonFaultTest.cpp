@@ -1,0 +1,140 @@
+#include "desktop/prospective/PolygonWatchScreen.h"
+
+#include <filesystem>
+
+using namespace vastrel;
+
+namespace {
+
+/// What a run leaves behind that stops on its way.
+class PolygonFaultTest : public PolygonWatchScreenTest {
+protected:
+    /// The title rows alone, the pointer as it was set, and no result.
+    void ExpectStopped() {
+        EXPECT_TRUE(Script.BusyPointer());
+        EXPECT_EQ(Periods()->ListCount(), 2);
+        EXPECT_EQ(Regions()->ListCount(), 0);
+        EXPECT_TRUE(ws.bCusumRun);
+    }
+    void ExpectEmptyTables(std::ptrdiff_t periods) {
+        EXPECT_EQ(ws.RunPeriodCount, periods);
+        EXPECT_EQ(ws.CusumValue, Table<double>(3, periods));
+        EXPECT_EQ(ws.MaxCusum, Array1<double>(periods));
+    }
+    void RunText(const std::string& bytes) {
+        Script.ExpectFile(FileQuestion::Kind::Open, TextFilter, Folder.Write("z.txt", bytes));
+        Run();
+    }
+};
+
+} // namespace
+
+TEST_F(PolygonFaultTest, ANullBetweenTheColumnsLeavesNothingOfTheRunBefore) {
+    RunFields();
+    Pick(2, 6);
+    Script.ExpectRunTimeError(94);
+    Run();
+    ExpectStopped();
+    ExpectEmptyTables(5);
+    EXPECT_TRUE(CanSaveResult() && CanSaveCusum()); // of the run before; they save zeros
+    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
+    Press(Screen, "cmdSaveCusum");
+    EXPECT_EQ(ReadFile(Folder / "c.csm").substr(0, 43), "period1,period2,period3,period4,period5,\n0,");
+
+    RunFields(); // and the next run works
+    EXPECT_EQ(ws.CusumValue(3, 3), 10);
+    EXPECT_FALSE(Script.BusyPointer());
+}
+
+TEST_F(PolygonFaultTest, ATextBetweenTheColumns) {
+    Pick(0, 2); // NAME stands between KEY and Z1
+    Script.ExpectRunTimeError(13);
+    Run();
+    ExpectStopped();
+    ExpectEmptyTables(3);
+    EXPECT_FALSE(CanSaveResult());
+}
+
+TEST_F(PolygonFaultTest, ATextFileThatDoesNotFit) {
+    Press(Screen, "optExistingTextfile");
+    for (const auto& [bytes, error] :
+         {std::pair{"1\n2\n3\n4\n", 9}, std::pair{"1\nx\n3\n", 13}, std::pair{"1,2\n1,\n3,4\n", 13},
+          std::pair{"1,2\n1\n3,4\n", 9}, std::pair{"", 62}}) {
+        Script.SetBusyPointer(false);
+        Script.ExpectFile(FileQuestion::Kind::Open, TextFilter, Folder.Write("z.txt", bytes));
+        Script.ExpectRunTimeError(error);
+        Run();
+        ExpectStopped();
+    }
+    RunText("9,9,9\n"); // too few rows leave the rest at 0
+    EXPECT_EQ(Periods()->List(4), "    3    25.50                    A");
+    EXPECT_EQ(ws.CusumValue(3, 3), 0);
+}
+
+TEST_F(PolygonFaultTest, AnAreaOfZero) {
+    RunFields();
+    ws.TotalShapeArea = 0;
+    Script.ExpectRunTimeError(11);
+    Run();
+    ExpectStopped();
+    ExpectEmptyTables(3);
+}
+
+TEST_F(PolygonFaultTest, AFirstColumnPickedBehindTheLast) {
+    Pick(2, 4);
+    From()->SetListIndex(6); // the last one is not looked at again
+    Script.ExpectRunTimeError(9);
+    Run();
+    ExpectStopped();
+    From()->SetListIndex(3);
+    To()->SetListIndex(3);
+    From()->SetListIndex(4); // one behind: a run without a period
+    Run();
+    EXPECT_EQ(Periods()->ListCount(), 3);
+    EXPECT_EQ(Periods()->ListIndex(), 1); // the row of the last period, counted from the titles
+    EXPECT_EQ(Text(Screen, "lblY"), "");
+    EXPECT_FALSE(Script.BusyPointer());
+}
+
+TEST_F(PolygonFaultTest, AClickByMorePeriodsThanTheRunHad) {
+    Pick(2, 3);
+    Run();
+    Pick(2, 4); // three are counted now, and the closing row is the third
+    Script.ExpectRunTimeError(9);
+    Key(Screen, "lstPeriod", Qt::Key_End);
+    EXPECT_EQ(Periods()->ListIndex(), 4);
+    EXPECT_EQ(ws.SelectedPeriod, 3);
+    EXPECT_EQ(Text(Screen, "lblY"), "2"); // as before: the map comes first
+    Pick(2, 2);
+    Periods()->SetListIndex(3); // the second is none any more
+    EXPECT_EQ(Text(Screen, "lblY"), "");
+    EXPECT_FALSE(ws.bCusumMapping);
+}
+
+// The map goes on by the period that was picked last, which the shorter run does not have.
+TEST_F(PolygonFaultTest, AResizeInsideAShorterRun) {
+    RunFields();
+    Pick(2, 2);
+    Script.ExpectRunTimeError(9);
+    Script.AtYield(1, [this] { Map.Frame()->resize(400, 300); });
+    Run();
+    EXPECT_EQ(Periods()->ListCount(), 4);
+    EXPECT_EQ(Text(Screen, "lblY"), "1");
+    EXPECT_FALSE(Script.BusyPointer());
+    EXPECT_TRUE(ws.bCusumMapping && CanSaveResult());
+}
+
+TEST_F(PolygonFaultTest, AShapefileRemovedInsideARun) {
+    const std::string path = Folder / "three.shp", hidden = Folder / "hidden.shp";
+    Script.AtYield(2, [&] { std::filesystem::rename(path, hidden); });
+    Script.ExpectRunTimeError(53);
+    RunFields();
+    EXPECT_TRUE(Script.BusyPointer());
+    EXPECT_EQ(Periods()->ListCount(), 3); // the titles and the first period
+    EXPECT_FALSE(CanSaveResult() || ws.bCusumMapping);
+
+    Script.ExpectRunTimeError(53); // of the plain map; the screen is closed all the same
+    Screen.Frame()->close();
+    EXPECT_FALSE(Screen.IsLoaded() || Graph.IsLoaded());
+    std::filesystem::rename(hidden, path);
+}
