@@ -1,4 +1,5 @@
 #include "support/BatchProgram.h"
+#include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,7 @@ using Words = std::vector<std::string>;
 
 BatchResult RunFive(const Words& more) {
     Words words{"retrospective-points",
-                PROJECT_FOLDER "/tests/golden/five.txt",
+                InProject("tests/golden/five.txt"),
                 "--format",
                 "obs-exp",
                 "--variable",
@@ -24,7 +25,7 @@ BatchResult RunFive(const Words& more) {
 }
 
 std::string Golden(const std::string& what) {
-    return ReadFile(PROJECT_FOLDER "/tests/golden/five_rossi_single_" + what + ".txt");
+    return ReadFile(InProject("tests/golden/five_rossi_single_") + what + ".txt");
 }
 
 size_t FilesIn(const TemporaryFolder& folder) {

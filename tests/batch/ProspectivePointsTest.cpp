@@ -1,4 +1,5 @@
 #include "support/BatchProgram.h"
+#include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -143,7 +144,7 @@ TEST_F(ProspectivePoints, TakesTheStudyAreaFromTheSurface) {
 }
 
 TEST_F(ProspectivePoints, FindsTheOutbreakOfTheSample) {
-    const std::string samples = PROJECT_FOLDER "/samples/";
+    const std::string samples = InProject("samples/");
     const auto result =
         RunBatch({"prospective-points", "--ids", samples + "watch_xy.txt", "--z", samples + "watch_z.txt"});
     EXPECT_EQ(result.Status, 0);

@@ -1,4 +1,5 @@
 #include "support/BatchProgram.h"
+#include "support/ProjectFolder.h"
 #include "support/ShapefileBytes.h"
 
 #include <gtest/gtest.h>
@@ -258,7 +259,7 @@ TEST_F(ProspectivePolygons, DrawsOnePictureAPeriod) {
 }
 
 TEST_F(ProspectivePolygons, FindsThePlantedClusterOfTheSample) {
-    const std::string samples = PROJECT_FOLDER "/samples/";
+    const std::string samples = InProject("samples/");
     const auto result = RunBatch({"prospective-polygons", samples + "country.shp", "--z",
                                   samples + "watch_z.txt", "--id", "NAME", "--json", Out("out.json")});
     const auto counts = Counts(TakeJson(result)["Signals"]);
@@ -268,7 +269,7 @@ TEST_F(ProspectivePolygons, FindsThePlantedClusterOfTheSample) {
 }
 
 TEST_F(ProspectivePolygons, ContinuesTheSampleAsItsPointsAreContinued) {
-    const std::string samples = PROJECT_FOLDER "/samples/";
+    const std::string samples = InProject("samples/");
     const Json polygons = TakeJson(
         RunBatch({"prospective-polygons", samples + "country.shp", "--z", samples + "watch_z.txt", "--id",
                   "NAME", "--previous", samples + "watch_previous.csm", "--json", Out("out.json")}));

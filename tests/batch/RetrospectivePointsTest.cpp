@@ -1,6 +1,7 @@
 #include "support/BatchProgram.h"
 #include "support/TemporaryFolder.h"
 
+#include "support/ProjectFolder.h"
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -14,7 +15,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-const std::string Project = PROJECT_FOLDER;
+const std::string Project = ProjectFolder();
 const std::string Five = Project + "/tests/golden/five.txt";
 
 BatchResult RunPoints(const std::string& file, const std::string& format, const Words& more) {

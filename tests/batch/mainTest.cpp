@@ -1,4 +1,5 @@
 #include "support/BatchProgram.h"
+#include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -52,20 +53,20 @@ TEST(BatchMain, TellsWrongUse) {
 TEST(BatchMain, TakesQuietBeforeAndBehindTheSubcommand) {
     const auto loud = RunBatch({"p-value", "normal", "0"});
     EXPECT_EQ(RunBatch({"--quiet", "p-value", "normal", "0"}), loud);
-    const std::string five = PROJECT_FOLDER "/tests/golden/five.txt";
+    const std::string five = InProject("tests/golden/five.txt");
     EXPECT_EQ(RunBatch({"--quiet", "retrospective-points", five, "--format", "obs-exp"}),
               RunBatch({"retrospective-points", five, "--format", "obs-exp", "--quiet"}));
 }
 
 TEST(BatchMain, TakesAnEmptyTextBehindAnEqualsSign) {
-    const std::string five = PROJECT_FOLDER "/tests/golden/five.txt";
+    const std::string five = InProject("tests/golden/five.txt");
     EXPECT_EQ(RunBatch({"retrospective-points", "--sigma=", five, "--format", "obs-exp"}),
               (BatchResult{3, "", "Bandwidth should be numerical.\n"}));
 }
 
 TEST(BatchMain, ReadsAFileNamedLikeASubcommand) {
     const TemporaryFolder folder;
-    const auto file = folder.Write("p-value", ReadFile(PROJECT_FOLDER "/tests/golden/five.txt"));
+    const auto file = folder.Write("p-value", ReadFile(InProject("tests/golden/five.txt")));
     std::filesystem::current_path(folder.Path());
     const auto result = RunBatch({"retrospective-points", "p-value", "--format", "obs-exp", "--sigma", "1"});
     EXPECT_EQ(result.Status, 0) << result;

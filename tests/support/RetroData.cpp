@@ -3,6 +3,7 @@
 #include "core/display/PointMap.h"
 #include "core/retrospective/PointDataset.h"
 #include "core/workspace/Workspace.h"
+#include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@
 namespace vastrel {
 
 namespace {
-const std::string GoldenFolder = PROJECT_FOLDER "/tests/golden/";
+const std::string GoldenFolder = InProject("tests/golden/");
 }
 
 void TakeRetroRegions(const std::vector<RetroRegion>& regions, double area) {

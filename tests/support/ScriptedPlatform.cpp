@@ -1,6 +1,7 @@
 #include "support/ScriptedPlatform.h"
 
 #include "core/platform/RunTimeError.h"
+#include "support/ProjectFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -110,7 +111,7 @@ void ScriptedPlatform::EndProcess(int) {
 }
 
 std::string ScriptedPlatform::ProgramFolder() {
-    return PROJECT_FOLDER;
+    return ProjectFolder();
 }
 
 } // namespace vastrel

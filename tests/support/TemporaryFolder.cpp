@@ -1,5 +1,6 @@
 #include "support/TemporaryFolder.h"
 
+#include "support/ProjectFolder.h"
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -39,7 +40,7 @@ std::string ReadFile(const std::string& path) {
 }
 
 std::string RealData(const std::string& name) {
-    const fs::path path = fs::path(PROJECT_FOLDER) / ".." / "shared" / "data" / name;
+    const fs::path path = fs::path(ProjectFolder()) / ".." / "shared" / "data" / name;
     return fs::exists(path) ? path.lexically_normal().string() : "";
 }
 

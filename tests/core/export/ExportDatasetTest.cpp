@@ -7,6 +7,7 @@
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"
 #include "support/AttributeData.h"
+#include "support/ProjectFolder.h"
 #include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 #include "support/SmoothedScores.h"
@@ -242,7 +243,7 @@ void ExpectAnotherComputation(const Range& observed, const Range& expected,
 } // namespace
 
 TEST_F(Export, AgreesWithAnotherComputationOnTheSample) {
-    const std::string path = std::string(PROJECT_FOLDER) + "/samples/country.shp";
+    const std::string path = InProject("samples/country.shp");
     ASSERT_TRUE(OpenShapeAttributes({path, "country.shp", false}));
     ReadShapeHeader();
     LoadShapes();

@@ -12,6 +12,7 @@
 #include "core/spatial/StudyArea.h"
 #include "support/ForcedMachine.h"
 #include "support/PlainRetrospective.h"
+#include "support/ProjectFolder.h"
 #include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 
@@ -33,7 +34,7 @@ constexpr RetroVariable Variables[] = {RetroVariable::Unadjusted, RetroVariable:
 Workspace Country() {
     ws = Workspace{};
     ws.bTextfileData = true;
-    LoadPointDataset(PROJECT_FOLDER "/samples/country_pop.txt", PointFormat::PopCase);
+    LoadPointDataset(InProject("samples/country_pop.txt"), PointFormat::PopCase);
     ws.bTextfileData = false;
     ws.bShapefileData = true;
     ws.NumRegion = static_cast<std::int32_t>(ws.NumTextRegion);

@@ -8,6 +8,7 @@
 #include "core/prospective/CusumTestTables.h"
 #include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"
+#include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ void TakeParameters(const std::string& sigma) {
 }
 
 std::string Sample(const std::string& name) {
-    return PROJECT_FOLDER "/samples/" + name;
+    return InProject("samples/") + name;
 }
 
 class PointCusumRun : public testing::Test {

@@ -4,6 +4,7 @@
 #include "core/text/TextFile.h"
 #include "support/PeakMemory.h"
 #include "support/Points.h"
+#include "support/ProjectFolder.h"
 #include "support/RaisedError.h"
 #include "support/TemporaryFolder.h"
 
@@ -167,7 +168,7 @@ TEST(PointDataset, ReadsNothingWithoutAFormat) {
 
 TEST(PointDataset, ReadsTheSampleDataset) {
     ws = Workspace{};
-    ASSERT_TRUE(LoadPointDataset(PROJECT_FOLDER "/samples/country_pop.txt", PointFormat::PopCase));
+    ASSERT_TRUE(LoadPointDataset(InProject("samples/country_pop.txt"), PointFormat::PopCase));
     EXPECT_EQ(ws.NumTextRegion, 207); // these four as the samples' own notes have them
     EXPECT_EQ(ws.TotalObs, 5234);
     double population = 0;

@@ -6,6 +6,7 @@
 #include "core/text/Numbers.h"
 #include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"
+#include "support/ProjectFolder.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TemporaryFolder.h"
 
@@ -19,7 +20,7 @@ namespace {
 
 std::vector<std::vector<std::string>> SampleRows(const std::string& name) {
     std::vector<std::vector<std::string>> rows;
-    TextFile file(std::string(PROJECT_FOLDER) + "/samples/" + name);
+    TextFile file(InProject("samples/") + name);
     for (std::string line; file.NextLine(line);)
         rows.push_back(SplitAtCommas(line));
     return rows;
@@ -28,8 +29,7 @@ std::vector<std::vector<std::string>> SampleRows(const std::string& name) {
 void OpenSample(const TemporaryFolder& folder) {
     ws = Workspace{};
     for (const std::string extension : {".shp", ".shx", ".dbf", ".cpg"})
-        folder.Write("country" + extension,
-                     ReadFile(std::string(PROJECT_FOLDER) + "/samples/country" + extension));
+        folder.Write("country" + extension, ReadFile(InProject("samples/country") + extension));
     ASSERT_TRUE(OpenShapeAttributes({folder / "country.shp", "country.shp", false}));
     ReadShapeHeader();
     LoadShapes();

@@ -9,6 +9,7 @@
 #include "desktop/retrospective/frmClusterDetection.h"
 #include "desktop/spatial/frmInfo.h"
 #include "desktop/toolkit/ListBox.h"
+#include "support/ProjectFolder.h"
 #include "support/screens/Mouse.h"
 #include "support/screens/ScreenTest.h"
 
@@ -38,7 +39,7 @@ constexpr Mode EachMode[] = {Mode::Plain, Mode::Statistic, Mode::Cusum};
 class PolygonToolsTest : public ScreenTest {
 protected:
     PolygonToolsTest() {
-        const std::string path = std::string(PROJECT_FOLDER) + "/samples/country.shp";
+        const std::string path = InProject("samples/country.shp");
         OpenShapeAttributes({path, "country.shp", false});
         ReadShapeHeader();
         LoadShapes();

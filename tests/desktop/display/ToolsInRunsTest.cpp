@@ -7,6 +7,7 @@
 #include "desktop/prospective/frmUnivariate.h"
 #include "desktop/spatial/frmInfo.h"
 #include "desktop/toolkit/OptionButton.h"
+#include "support/ProjectFolder.h"
 #include "support/screens/Mouse.h"
 #include "support/screens/PolygonScreenTest.h"
 
@@ -17,7 +18,7 @@ using namespace vastrel;
 
 namespace {
 
-const std::string Country = std::string(PROJECT_FOLDER) + "/samples/country.shp";
+const std::string Country = InProject("samples/country.shp");
 constexpr PointXY Middle61{230, 121.243557}; // of the hexagon of Region 61, record 60
 constexpr int Record61 = 60;
 

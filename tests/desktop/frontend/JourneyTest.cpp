@@ -7,6 +7,7 @@
 #include "desktop/prospective/frmUnivariate.h"
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
 #include "desktop/toolkit/OptionButton.h"
+#include "support/ProjectFolder.h"
 #include "support/SmoothedScores.h"
 #include "support/screens/PolygonScreenTest.h"
 
@@ -17,7 +18,7 @@ using namespace vastrel;
 
 namespace {
 
-const std::string Samples = std::string(PROJECT_FOLDER) + "/samples/";
+const std::string Samples = InProject("samples/");
 constexpr const char* TextFilter = "Text File (*.txt)|*.txt";
 constexpr const char* CusumFilter = "cusum files (*.csm)|*.csm";
 constexpr const char* PointFilter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*|";

@@ -8,6 +8,7 @@
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 #include "desktop/retrospective/frmSelectDataFormat.h"
 #include "desktop/toolkit/OptionButton.h"
+#include "support/ProjectFolder.h"
 #include "support/screens/Mouse.h"
 
 #include <QTest>
@@ -47,8 +48,8 @@ protected:
     }
     /// What the batch program prints of the sample, as the screen has to show it.
     static std::string SampleLists(const Names& test) {
-        return RunRetroBatch({"retrospective-polygons", std::string(PROJECT_FOLDER) + "/samples/country.shp",
-                              "--pop", "POP", "--cases", "CASES", "--id", "NAME"},
+        return RunRetroBatch({"retrospective-polygons", InProject("samples/country.shp"), "--pop", "POP",
+                              "--cases", "CASES", "--id", "NAME"},
                              test)
             .Lists;
     }
@@ -190,7 +191,7 @@ TEST_F(OpenFlowsAgain, FollowARunOnPoints) {
     Press(points, "cmdLoadData");
     Press(format, "optPopCase");
     Script.ExpectFile(FileQuestion::Kind::Open, "Text Files (*.txt)|*.txt|All Files (*.*)|*.*|",
-                      std::string(PROJECT_FOLDER) + "/samples/country_pop.txt");
+                      InProject("samples/country_pop.txt"));
     Press(format, "cmdContinue");
     Press(points, "optRossi");
     Type(points, "txtSingleSigma", "1");

@@ -2,6 +2,7 @@
 #include "desktop/prospective/ShownLists.h"
 #include "support/BatchProgram.h"
 #include "support/PlainWatch.h"
+#include "support/ProjectFolder.h"
 
 #include <cmath>
 
@@ -9,7 +10,7 @@ using namespace vastrel;
 
 namespace {
 
-const std::string Samples = std::string(PROJECT_FOLDER) + "/samples/";
+const std::string Samples = InProject("samples/");
 using Words = std::vector<std::string>;
 
 /// Where a run has its z-scores from: a text file, or else two columns.

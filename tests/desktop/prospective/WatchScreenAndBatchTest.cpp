@@ -1,12 +1,13 @@
 #include "desktop/prospective/ShownLists.h"
 #include "desktop/prospective/WatchScreen.h"
 #include "support/BatchProgram.h"
+#include "support/ProjectFolder.h"
 
 using namespace vastrel;
 
 namespace {
 
-const std::string Samples = std::string(PROJECT_FOLDER) + "/samples/";
+const std::string Samples = InProject("samples/");
 
 struct Series {
     std::string Ids, Z;

@@ -5,6 +5,7 @@
 #include "desktop/toolkit/OptionButton.h"
 #include "desktop/toolkit/PlotWidget.h"
 #include "pictures/LineChart.h"
+#include "support/ProjectFolder.h"
 #include "support/screens/ScreenChecks.h"
 
 #include <QApplication>
@@ -16,7 +17,7 @@ using namespace vastrel;
 
 namespace {
 
-const std::string Samples = std::string(PROJECT_FOLDER) + "/samples/";
+const std::string Samples = InProject("samples/");
 
 using Names = std::vector<std::string>;
 const std::vector<const char*> Chain{"cmdFileOpenIDXY", "cmdOldCusum",  "lblOldCusum",  "txtOldCusum",

@@ -1,5 +1,6 @@
 #include "desktop/retrospective/PointScreen.h"
 #include "desktop/retrospective/RetroBatch.h"
+#include "support/ProjectFolder.h"
 
 #include <ostream>
 
@@ -17,7 +18,7 @@ void PrintTo(const Dataset& dataset, std::ostream* out) {
     *out << dataset.Name;
 }
 
-const std::string Samples = std::string(PROJECT_FOLDER) + "/samples/";
+const std::string Samples = InProject("samples/");
 
 std::vector<Dataset> Datasets() {
     std::vector<Dataset> all{{"SampleObsExp", Samples + "country_exp.txt", "optObsExp", "obs-exp"},

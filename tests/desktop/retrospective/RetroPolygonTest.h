@@ -5,6 +5,7 @@
 #include "core/workspace/Workspace.h"
 #include "desktop/retrospective/frmSigmaChart.h"
 #include "desktop/toolkit/PlotWidget.h"
+#include "support/ProjectFolder.h"
 #include "support/screens/PolygonScreenTest.h"
 
 #include <QAction>
@@ -23,7 +24,7 @@ protected:
     std::string CopySample() {
         for (const char* extension : {".shp", ".shx", ".dbf", ".cpg"})
             Folder.Write(std::string("country") + extension,
-                         ReadFile(std::string(PROJECT_FOLDER) + "/samples/country" + extension));
+                         ReadFile(InProject("samples/country") + extension));
         return Folder / "country.shp";
     }
 

@@ -5,6 +5,7 @@
 #include "desktop/toolkit/ComboBox.h"
 #include "desktop/toolkit/PlotWidget.h"
 #include "pictures/LineChart.h"
+#include "support/ProjectFolder.h"
 #include "support/screens/ScreenChecks.h"
 
 #include <QLabel>
@@ -14,7 +15,7 @@ using namespace vastrel;
 
 namespace {
 
-const std::string Sample = std::string(PROJECT_FOLDER) + "/samples/country_pop.txt";
+const std::string Sample = InProject("samples/country_pop.txt");
 
 constexpr const char* Variables[] = {"optUnadjusted", "optAdjusted_Generic", "optStandard", "optRossi"};
 constexpr const char* ChartParts[] = {"MSChart1", "picEachRegionInfo", "picMLegend", "txtXTitle"};
