@@ -1,6 +1,7 @@
 #include "support/ForcedMachine.h"
 
 #include "core/numeric/DenseKernel.h"
+#include "core/numeric/InstructionSet.h"
 #include "core/numeric/RowWorkers.h"
 
 #include <gtest/gtest.h>

@@ -40,13 +40,11 @@
 
 #include "core/numeric/DenseKernel.h"
 
-#include "core/numeric/FaintProducts.h"
+#include "core/numeric/Panels.h"
 #include "core/numeric/RowWorkers.h"
-#include "core/platform/RunTimeError.h"
-#include "core/workspace/Arrays.h"
+#include "core/numeric/Tiles.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace vastrel {
 
@@ -57,168 +55,6 @@ using Index = std::ptrdiff_t;
 constexpr Index DepthBlock = 384; // as long as a panel of a fits the inner cache beside the running one of b
 constexpr Index RowBlock = 144;   // the packed piece of a fills half of a middle cache; whole tiles
 constexpr Index ColumnBlock = 1536; // the packed rows of b stay in the outer cache; whole tiles
-
-// ---- The tile
-
-/// Adds `depth` products to each of Rows x Vectors sums, vectors of Bytes each. `a` holds Rows elements for
-/// every k, `b` a row of the tile's width for every k.
-///
-/// This is the one body for all instruction sets: it is inlined into functions that carry their attribute.
-template <int Bytes, int Rows, int Vectors>
-[[gnu::always_inline]] inline void AddProducts(const double* a, const double* b, Index depth, double* result,
-                                               Index stride) {
-    using Vector = typename VectorOf<Bytes>::Doubles;
-    using Unaligned = typename VectorOf<Bytes>::Unaligned;
-    constexpr Index lanes = VectorOf<Bytes>::Lanes;
-
-    Vector sum[Rows][Vectors];
-#pragma GCC unroll 16
-    for (int i = 0; i < Rows; ++i)
-#pragma GCC unroll 16
-        for (int v = 0; v < Vectors; ++v)
-            sum[i][v] = *reinterpret_cast<const Unaligned*>(result + i * stride + v * lanes);
-    // The next tile stands below this one; a prefetch past the end of the result does nothing.
-    for (int i = Rows; i < 2 * Rows; ++i)
-        for (int v = 0; v < Vectors; ++v)
-            __builtin_prefetch(result + i * stride + v * lanes);
-    for (Index k = 0; k < depth; ++k, a += Rows, b += Vectors * lanes)
-#pragma GCC unroll 16
-        for (int i = 0; i < Rows; ++i)
-#pragma GCC unroll 16
-            for (int v = 0; v < Vectors; ++v)
-                sum[i][v] = sum[i][v] + *reinterpret_cast<const Unaligned*>(b + v * lanes) * a[i];
-#pragma GCC unroll 16
-    for (int i = 0; i < Rows; ++i)
-#pragma GCC unroll 16
-        for (int v = 0; v < Vectors; ++v)
-            *reinterpret_cast<Unaligned*>(result + i * stride + v * lanes) = sum[i][v];
-}
-
-using AddSteps = void (*)(const double* a, const double* b, Index depth, double* result, Index stride);
-
-struct Tile {
-    const char* InstructionSet;
-    bool (*IsOffered)();
-    Index Rows, Columns;
-    AddSteps AddProducts, AddFaintProducts;
-};
-
-#if defined(__x86_64__)
-[[gnu::target("avx512f")]] void AddProductsAvx512(const double* a, const double* b, Index depth,
-                                                  double* result, Index stride) {
-    AddProducts<64, 8, 3>(a, b, depth, result, stride);
-}
-[[gnu::target("avx512f")]] void AddFaintProductsAvx512(const double* a, const double* b, Index depth,
-                                                       double* result, Index stride) {
-    AddFaintProducts<64, 8, 3>(a, b, depth, result, stride);
-}
-[[gnu::target("avx2")]] void AddProductsAvx2(const double* a, const double* b, Index depth, double* result,
-                                             Index stride) {
-    AddProducts<32, 4, 2>(a, b, depth, result, stride);
-}
-[[gnu::target("avx2,fma")]] void AddFaintProductsAvx2(const double* a, const double* b, Index depth,
-                                                      double* result, Index stride) {
-    AddFaintProducts<32, 4, 2>(a, b, depth, result, stride);
-}
-#endif
-void AddProductsBaseline(const double* a, const double* b, Index depth, double* result, Index stride) {
-    AddProducts<16, 4, 2>(a, b, depth, result, stride);
-}
-
-/// The widest first.
-constexpr Tile Tiles[] = {
-#if defined(__x86_64__)
-    {"avx512", [] { return __builtin_cpu_supports("avx512f") != 0; }, 8, 24, AddProductsAvx512,
-     AddFaintProductsAvx512},
-    {"avx2", [] { return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma"); }, 4, 8,
-     AddProductsAvx2, AddFaintProductsAvx2},
-#endif
-    {"baseline", [] { return true; }, 4, 4, AddProductsBaseline, AddProductsBaseline},
-};
-
-std::atomic<const Tile*> forcedTile = nullptr;
-
-const Tile& ChosenTile() {
-    if (const Tile* forced = forcedTile) return *forced;
-    return *std::find_if(std::begin(Tiles), std::end(Tiles),
-                         [](const Tile& tile) { return tile.IsOffered(); });
-}
-
-// ---- Packing
-
-using PackedDoubles = std::vector<double, AlignedAllocator<double>>;
-
-constexpr Index RoundedUp(Index n, Index step) {
-    return (n + step - 1) / step * step;
-}
-
-/// One of the two matrices as the sums see it: a series of `Count` vectors along k. Element k of vector x
-/// lies at Data[x * Across + k * Along].
-struct Operand {
-    const double* Data;
-    Index Count;
-    Index Across;
-    Index Along;
-};
-
-/// Copies elements k0..k1-1 of vectors first..last-1 into panels of `width` vectors, k by k; the last panel
-/// is filled up with copies of its last vector.
-void PackPanels(const Operand& from, Index first, Index last, Index k0, Index k1, Index width, double* to) {
-    for (Index x0 = first; x0 < last; x0 += width) {
-        const double* panel = from.Data + x0 * from.Across;
-        const Index count = std::min(width, last - x0);
-        for (Index k = k0; k < k1; ++k, to += width) {
-            const double* step = panel + k * from.Along;
-            for (Index x = 0; x < count; ++x)
-                to[x] = step[x * from.Across];
-            std::fill(to + count, to + width, to[count - 1]);
-        }
-    }
-}
-
-// ---- Faint steps
-
-/// The span of vectors first..last-1 of an operand.
-Span SpanOfVectors(const Operand& of, Index first, Index last, Index depth) {
-    const bool inRows = of.Along == 1;
-    Span span;
-    for (Index i = inRows ? first : 0; i < (inRows ? last : depth); ++i) {
-        const double* row = inRows ? of.Data + i * of.Across : of.Data + i * of.Along + first;
-        const Span other = SpanOf(row, inRows ? depth : last - first);
-        span = {std::min(span.Least, other.Least), std::max(span.Most, other.Most)};
-    }
-    return span;
-}
-
-/// Panels of one width with the spans of their steps; the spans only where they matter.
-class PanelBlock {
-public:
-    PanelBlock(Index depth, Index count, Index width, bool withSpans)
-        : width_(width), panels_(static_cast<size_t>(depth * RoundedUp(count, width))),
-          spans_(withSpans ? panels_.size() / static_cast<size_t>(width) : 0) {}
-
-    void Pack(const Operand& from, Index first, Index last, Index k0, Index k1) {
-        PackPanels(from, first, last, k0, k1, width_, panels_.data());
-        depth_ = k1 - k0;
-        if (spans_.empty()) return;
-        const Index steps = RoundedUp(last - first, width_) / width_ * depth_;
-        for (Index step = 0; step < steps; ++step)
-            spans_[static_cast<size_t>(step)] = SpanOf(panels_.data() + step * width_, width_);
-    }
-
-    /// The panel that begins with the block's vector x.
-    const double* Panel(Index x) const { return panels_.data() + x * depth_; }
-    const Span* Spans(Index x) const {
-        return spans_.empty() ? nullptr : spans_.data() + x / width_ * depth_;
-    }
-
-private:
-    Index width_, depth_ = 0;
-    PackedDoubles panels_;
-    std::vector<Span> spans_;
-};
-
-// ---- The sums
 
 enum class Part { Whole, UpperTriangle };
 
@@ -304,13 +140,6 @@ private:
             std::copy_n(copy + i * tile_.Columns, width, sums + i * stride_);
     }
 
-    static constexpr Index LargestTile = [] {
-        Index largest = 0;
-        for (const Tile& tile : Tiles)
-            largest = std::max(largest, tile.Rows * tile.Columns);
-        return largest;
-    }();
-
     const Operand& a_;
     const Operand& b_;
     Index depth_;
@@ -364,35 +193,6 @@ void DenseGram(MatrixView w, double* result, Index resultStride) {
 void MirrorUpperTriangle(double* table, Index n, Index stride) {
     RunRowWorkers(WorkersFor(n * n), EvenShares(n),
                   [&](RowRange range) { MirrorRows(table, stride, range); });
-}
-
-// ---- The choice of the instruction set
-
-std::vector<std::string> DenseInstructionSets() {
-    std::vector<std::string> names;
-    for (const Tile& tile : Tiles)
-        names.emplace_back(tile.InstructionSet);
-    return names;
-}
-
-std::vector<std::string> OfferedInstructionSets() {
-    std::vector<std::string> names;
-    for (const Tile& tile : Tiles)
-        if (tile.IsOffered()) names.emplace_back(tile.InstructionSet);
-    return names;
-}
-
-void ForceInstructionSet(const std::string& name) {
-    if (name.empty()) {
-        forcedTile = nullptr;
-        return;
-    }
-    for (const Tile& tile : Tiles) {
-        if (name != tile.InstructionSet || !tile.IsOffered()) continue;
-        forcedTile = &tile;
-        return;
-    }
-    RaiseCustomary(InvalidProcedureCall, "DenseKernel", "This processor has no " + name + ".");
 }
 
 } // namespace vastrel

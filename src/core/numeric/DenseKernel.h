@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
-#include <vector>
 
 namespace vastrel {
 
@@ -32,17 +30,5 @@ void DenseGram(MatrixView w, double* result, std::ptrdiff_t resultStride);
 
 /// Copies the part of an n x n table right of its diagonal to its mirror image, left of it.
 void MirrorUpperTriangle(double* table, std::ptrdiff_t n, std::ptrdiff_t stride);
-
-/// The vector instructions that the kernel knows on this architecture, the widest first; "baseline" is what
-/// every processor of the architecture has.
-std::vector<std::string> DenseInstructionSets();
-
-/// Those of them that this processor has; the kernel takes the first.
-std::vector<std::string> OfferedInstructionSets();
-
-/// Makes the kernel take an instruction set by its name; an empty name gives the choice back. Run-time error
-/// 5 for a set that this processor lacks. For tests and benchmarks; the number of threads is forced by
-/// ForceWorkers.
-void ForceInstructionSet(const std::string& name);
 
 } // namespace vastrel

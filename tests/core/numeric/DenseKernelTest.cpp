@@ -1,6 +1,5 @@
 #include "core/numeric/DenseKernel.h"
 
-#include "core/platform/RunTimeError.h"
 #include "support/ForcedMachine.h"
 #include "support/PlainLoops.h"
 
@@ -223,18 +222,5 @@ TEST(DenseKernel, FaultsAreReportedToTheCaller) {
             Computed(16, 2, [&](double* to, Index stride) { DenseProduct(a.View(), b.View(), to, stride); });
         EXPECT_TRUE(outcome.Flags & FE_OVERFLOW) << machine;
         EXPECT_FALSE(outcome.Flags & (FE_INVALID | FE_DIVBYZERO)) << machine;
-    }
-}
-
-TEST(DenseKernel, InstructionSetsAreForcedByName) {
-    const auto known = DenseInstructionSets();
-    const auto offered = OfferedInstructionSets();
-    EXPECT_EQ(known.back(), "baseline");
-    EXPECT_EQ(offered.back(), "baseline");
-    try {
-        ForceInstructionSet("abacus");
-        ADD_FAILURE() << "An instruction set that no processor has was taken.";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), InvalidProcedureCall);
     }
 }
