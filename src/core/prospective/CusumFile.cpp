@@ -2,7 +2,6 @@
 
 #include "core/prospective/CusumTables.h"
 #include "core/text/Numbers.h"
-#include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"
 
 #include <algorithm>
@@ -36,19 +35,23 @@ double NumberOrZero(const std::string& field) {
 
 } // namespace
 
-void ReadCusumFile(const std::string& path) {
-    TextFile file(path);
+void ReadCusumFile(const TextFile& file) {
+    LineReader reader(file);
     std::string line;
-    file.NextLine(line);
+    reader.NextLine(line);
     const std::ptrdiff_t columns = std::count(line.begin(), line.end(), ',');
     ws.PreviousPeriodCount = static_cast<double>(columns);
     ReDimWithinMemory(ws.PreviousCusum, ws.NumRegion, columns, "ReadCusumFile");
-    for (std::ptrdiff_t r = 1; r <= ws.NumRegion && file.NextLine(line); ++r) {
+    for (std::ptrdiff_t r = 1; r <= ws.NumRegion && reader.NextLine(line); ++r) {
         const auto fields = SplitAtCommas(line);
         const auto present = std::min(columns, static_cast<std::ptrdiff_t>(fields.size()));
         for (std::ptrdiff_t j = 1; j <= present; ++j)
             ws.PreviousCusum(r, j) = NumberOrZero(fields[static_cast<size_t>(j - 1)]);
     }
+}
+
+void ReadCusumFile(const std::string& path) {
+    ReadCusumFile(TextFile(path));
 }
 
 } // namespace vastrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/text/TextFile.h"
 #include "core/workspace/Arrays.h"
 
 #include <string>
@@ -26,6 +27,7 @@ std::vector<std::string> CusumFileLines(const Table<double>& cusum, std::ptrdiff
 ///
 /// Run-time errors only for a file that cannot be read (those of TextFile, over-long lines included) and for
 /// a table beyond the memory (7).
+void ReadCusumFile(const TextFile& file);
 void ReadCusumFile(const std::string& path);
 
 } // namespace vastrel

@@ -3,10 +3,8 @@
 #include "core/platform/Platform.h"
 #include "core/spatial/StudyArea.h"
 #include "core/text/Numbers.h"
-#include "core/text/TextFile.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace vastrel {
 
@@ -21,19 +19,15 @@ bool IsChosen(const std::string& path) {
 }
 
 /// The commas of the first line and one more.
-std::ptrdiff_t CountColumns(const std::string& path) {
-    const std::string line = TextFile(path).FirstLine();
+std::ptrdiff_t CountColumns(const TextFile& file) {
+    const std::string line = file.FirstLine();
     return std::count(line.begin(), line.end(), ',') + 1;
 }
 
 /// How many of `rows` rows a reader can come to: every whole row takes two bytes a column, and behind the
 /// last one that the file has room for it stops. So no few bytes can ask for a huge table.
-std::ptrdiff_t ReachableRows(const std::string& path, std::ptrdiff_t rows, std::ptrdiff_t columns) {
-    std::error_code unknown; // no ordinary file: it cannot be read a second time either
-    const auto bytes =
-        std::filesystem::file_size(std::filesystem::path(std::u8string(path.begin(), path.end())), unknown);
-    if (unknown) return rows;
-    return std::min(rows, (static_cast<std::ptrdiff_t>(bytes) + 1) / (2 * columns) + 1);
+std::ptrdiff_t ReachableRows(const TextFile& file, std::ptrdiff_t rows, std::ptrdiff_t columns) {
+    return std::min(rows, (static_cast<std::ptrdiff_t>(file.Bytes().size()) + 1) / (2 * columns) + 1);
 }
 
 void WarnMissing(std::ptrdiff_t row, std::ptrdiff_t column) {
@@ -42,17 +36,15 @@ void WarnMissing(std::ptrdiff_t row, std::ptrdiff_t column) {
          std::to_string(column) + " in the dataset.");
 }
 
-bool LoadNumbers(const std::string& path, std::ptrdiff_t& columns, std::ptrdiff_t& rows,
-                 Table<double>& table) {
-    if (!IsChosen(path)) return false;
-    columns = CountColumns(path);
-    rows = CountLines(path);
-    ReDimWithinMemory(table, ReachableRows(path, rows, columns), columns, "LoadNumbers");
-    TextFile file(path);
+bool LoadNumbers(const TextFile& file, std::ptrdiff_t& columns, std::ptrdiff_t& rows, Table<double>& table) {
+    columns = CountColumns(file);
+    rows = file.CountLines();
+    ReDimWithinMemory(table, ReachableRows(file, rows, columns), columns, "LoadNumbers");
+    LineReader reader(file);
     std::string line;
-    for (std::ptrdiff_t i = 1; file.NextLine(line); ++i) {
+    for (std::ptrdiff_t i = 1; reader.NextLine(line); ++i) {
         const auto fields = SplitAtCommas(line);
-        const std::string place = file.Place();
+        const std::string place = reader.Place();
         for (std::ptrdiff_t j = 1; j <= columns; ++j) {
             const std::string& field = FieldAt(fields, static_cast<size_t>(j - 1), place);
             if (field.empty()) {
@@ -76,18 +68,17 @@ void AllocatePoints(PointCusum& watch, std::ptrdiff_t n) {
 
 } // namespace
 
-bool LoadIDXY(PointCusum& watch, const std::string& path) {
-    if (!IsChosen(path)) return false;
-    if (CountColumns(path) != IDFieldCount) {
+bool LoadIDXY(PointCusum& watch, const TextFile& file) {
+    if (CountColumns(file) != IDFieldCount) {
         Warn("ID, XY Coordinates file was misspecified.");
         return false;
     }
-    AllocatePoints(watch, CountLines(path));
-    TextFile file(path);
+    AllocatePoints(watch, file.CountLines());
+    LineReader reader(file);
     std::string line;
-    for (std::ptrdiff_t i = 1; file.NextLine(line); ++i) {
+    for (std::ptrdiff_t i = 1; reader.NextLine(line); ++i) {
         const auto fields = SplitAtCommas(line);
-        const std::string place = file.Place();
+        const std::string place = reader.Place();
         watch.RegionIDs(i) = FieldAt(fields, 0, place);
         watch.RegionX(i) = ToNumber(FieldAt(fields, 1, place), place);
         watch.RegionY(i) = ToNumber(FieldAt(fields, 2, place), place);
@@ -95,31 +86,47 @@ bool LoadIDXY(PointCusum& watch, const std::string& path) {
     return true;
 }
 
-bool LoadNewZScore(PointCusum& watch, const std::string& path) {
-    if (!LoadNumbers(path, watch.ZColumnCount, watch.N, watch.ZScore)) return false;
+bool LoadNewZScore(PointCusum& watch, const TextFile& file) {
+    if (!LoadNumbers(file, watch.ZColumnCount, watch.N, watch.ZScore)) return false;
     watch.NewPeriodCount = watch.ZColumnCount;
     return true;
 }
 
-bool LoadOldCusum(PointCusum& watch, const std::string& path) {
-    if (!LoadNumbers(path, watch.OldColumnCount, watch.OldRowCount, watch.OldCusum)) return false;
+bool LoadOldCusum(PointCusum& watch, const TextFile& file) {
+    if (!LoadNumbers(file, watch.OldColumnCount, watch.OldRowCount, watch.OldCusum)) return false;
     watch.OldPeriodCount = watch.OldColumnCount;
     return true;
 }
 
-void ReadTextZScores(const std::string& path) {
-    const std::ptrdiff_t columns = CountColumns(path);
+void ReadTextZScores(const TextFile& file) {
+    const std::ptrdiff_t columns = CountColumns(file);
     ws.TextPeriodCount = static_cast<double>(columns);
     ReDimWithinMemory(ws.TextZScore, ws.NumRegion, columns, "ReadTextZScores");
-    TextFile file(path);
+    LineReader reader(file);
     std::string line;
-    for (std::ptrdiff_t r = 1; file.NextLine(line); ++r) {
+    for (std::ptrdiff_t r = 1; reader.NextLine(line); ++r) {
         const auto fields = SplitAtCommas(line);
-        const std::string place = file.Place();
+        const std::string place = reader.Place();
         for (std::ptrdiff_t j = 1; j <= columns; ++j)
             ws.TextZScore(r, j) = ToNumber(FieldAt(fields, static_cast<size_t>(j - 1), place), place);
     }
     ws.RunPeriodCount = ws.TextPeriodCount;
+}
+
+bool LoadIDXY(PointCusum& watch, const std::string& path) {
+    return IsChosen(path) && LoadIDXY(watch, TextFile(path));
+}
+
+bool LoadNewZScore(PointCusum& watch, const std::string& path) {
+    return IsChosen(path) && LoadNewZScore(watch, TextFile(path));
+}
+
+bool LoadOldCusum(PointCusum& watch, const std::string& path) {
+    return IsChosen(path) && LoadOldCusum(watch, TextFile(path));
+}
+
+void ReadTextZScores(const std::string& path) {
+    ReadTextZScores(TextFile(path));
 }
 
 } // namespace vastrel

@@ -5,7 +5,6 @@
 #include "core/retrospective/PointExpected.h"
 #include "core/spatial/StudyArea.h"
 #include "core/text/Numbers.h"
-#include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"
 
 namespace vastrel {
@@ -29,14 +28,14 @@ void Allocate(std::ptrdiff_t n) {
     ws.StatisticTable.Clear();
 }
 
-void ReadRecords(const std::string& path, PointFormat format) {
+void ReadRecords(const TextFile& file, PointFormat format) {
     auto& firstCount = format == PointFormat::ObsExp ? ws.ObsCount : ws.PopBase;
     auto& secondCount = format == PointFormat::ObsExp ? ws.ExpCount : ws.ObsCount;
-    TextFile file(path);
+    LineReader reader(file);
     std::string line;
-    for (std::ptrdiff_t i = 1; file.NextLine(line); ++i) {
+    for (std::ptrdiff_t i = 1; reader.NextLine(line); ++i) {
         const auto fields = SplitAtCommas(line, FieldCount);
-        const std::string place = file.Place();
+        const std::string place = reader.Place();
         const auto number = [&](size_t column) { return ToNumber(FieldAt(fields, column, place), place); };
         auto& region = ws.RegionCentroid(i);
         region.ID = FieldAt(fields, 0, place);
@@ -58,13 +57,17 @@ void DeriveExpected(PointFormat format) {
 
 } // namespace
 
-bool LoadPointDataset(const std::string& path, PointFormat format) {
-    if (SplitAtCommas(TextFile(path).FirstLine(), FieldCount + 1).size() != FieldCount) return false;
-    Allocate(CountLines(path));
+bool LoadPointDataset(const TextFile& file, PointFormat format) {
+    if (SplitAtCommas(file.FirstLine(), FieldCount + 1).size() != FieldCount) return false;
+    Allocate(file.CountLines());
     if (format == PointFormat::None) return true;
-    ReadRecords(path, format);
+    ReadRecords(file, format);
     DeriveExpected(format);
     return true;
+}
+
+bool LoadPointDataset(const std::string& path, PointFormat format) {
+    return LoadPointDataset(TextFile(path), format);
 }
 
 } // namespace vastrel

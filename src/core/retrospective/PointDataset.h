@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/text/TextFile.h"
+
 #include <string>
 
 namespace vastrel {
@@ -26,6 +28,7 @@ constexpr const char* WrongPointFormat =
 /// is no number, 6 a number too large; 7 more lines than memory holds, and nothing has changed; 11 counts
 /// (ObsExp) or populations (PopCase) that sum to zero, 5 where zero is to be divided by that zero. A load
 /// that stops half way leaves what it had filled; what was to be derived stands at zero.
+bool LoadPointDataset(const TextFile& file, PointFormat format);
 bool LoadPointDataset(const std::string& path, PointFormat format);
 
 } // namespace vastrel

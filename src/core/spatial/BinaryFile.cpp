@@ -21,6 +21,10 @@ void BinaryFile::Open(const std::string& path, Access access) {
     std::error_code ignored;
     if (std::filesystem::is_directory(native, ignored))
         RaiseCustomary(PathFileAccessError, "BinaryFile", path + " is a folder, not a file.");
+    if (std::filesystem::exists(native, ignored) && !std::filesystem::is_regular_file(native, ignored))
+        RaiseCustomary(PathFileAccessError, "BinaryFile",
+                       path + " is a pipe or a device, and a shapefile is read to and fro. "
+                              "Copy it to an ordinary file first.");
     if (access == Access::ReadWriteOrCreate && !std::filesystem::exists(native, ignored))
         std::ofstream(native, std::ios::binary).flush();
     const auto mode = access == Access::Read ? std::ios::in : std::ios::in | std::ios::out;

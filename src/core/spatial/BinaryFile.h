@@ -20,7 +20,8 @@ public:
 
     BinaryFile() = default;
 
-    /// Run-time error 53 where there is no file, 75 for a directory, 70 where the access is not permitted.
+    /// Run-time error 53 where there is no file, 75 for a directory, a pipe or a device, 70 where the
+    /// access is not permitted.
     void Open(const std::string& path, Access access);
     void Close();
 

@@ -53,12 +53,17 @@ std::string ToUtf8(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {
-        const size_t length = CharacterLength(bytes);
-        if (length == 0)
-            AppendWindows1252(text, static_cast<unsigned char>(bytes.front()));
-        else
-            text += bytes.substr(0, length);
-        bytes.remove_prefix(length == 0 ? 1 : length);
+        size_t sound = 0; // whole characters at the head
+        while (sound < bytes.size()) {
+            const size_t length = CharacterLength(bytes.substr(sound));
+            if (length == 0) break;
+            sound += length;
+        }
+        text += bytes.substr(0, sound);
+        bytes.remove_prefix(sound);
+        if (bytes.empty()) break;
+        AppendWindows1252(text, static_cast<unsigned char>(bytes.front()));
+        bytes.remove_prefix(1);
     }
     return text;
 }

@@ -3,16 +3,15 @@
 #include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
 #include "core/text/TextEncoding.h"
+#include "core/text/WholeFile.h"
 
 #include <cerrno>
-#include <filesystem>
-#include <system_error>
+#include <fstream>
+#include <utility>
 
 namespace vastrel {
 
 namespace {
-
-constexpr size_t BufferSize = size_t{256} * 1024;
 
 #ifdef _WIN32
 constexpr std::string_view LineEnd = "\r\n";
@@ -22,58 +21,55 @@ constexpr std::string_view LineEnd = "\n";
 
 } // namespace
 
-TextFile::TextFile(const std::string& path) : path_(path), buffer_(BufferSize) {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(NativePath(path), ignored))
-        RaiseCustomary(PathFileAccessError, "TextFile", path + " is a folder, not a file.");
-    errno = 0;
-    stream_.open(NativePath(path), std::ios::binary);
-    if (stream_) return;
-    if (errno == EACCES || errno == EPERM)
-        RaiseCustomary(PermissionDenied, "TextFile", path + " may not be read.");
-    RaiseCustomary(FileNotFound, "TextFile", path);
-}
+TextFile::TextFile(const std::string& path) : TextFile(path, ReadWholeFile(path)) {}
 
-int TextFile::NextByte() {
-    if (at_ == end_) {
-        stream_.read(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-        at_ = 0;
-        end_ = static_cast<size_t>(stream_.gcount());
-        if (firstBytes_ && std::string_view(buffer_.data(), end_).substr(0, 3) == "\xEF\xBB\xBF") at_ = 3;
-        firstBytes_ = false;
-        if (at_ == end_) return -1;
-    }
-    return static_cast<unsigned char>(buffer_[at_++]);
-}
+TextFile::TextFile(std::string path, std::string bytes) : path_(std::move(path)), bytes_(std::move(bytes)) {}
 
-bool TextFile::NextLine(std::string& line) {
-    line.clear();
-    int byte = NextByte();
-    if (byte < 0) return false;
-    ++lineNumber_;
-    for (; byte >= 0 && byte != '\n' && byte != '\r'; byte = NextByte()) {
-        if (line.size() == LongestLine)
-            RaiseCustomary(OutOfStringSpace, "TextFile",
-                           Place() + " is longer than the limit of " +
-                               std::to_string(LongestLine / 1024 / 1024) + " MB.");
-        line.push_back(static_cast<char>(byte));
-    }
-    if (byte == '\r') {
-        const int next = NextByte();
-        if (next >= 0 && next != '\n') --at_;
-    }
-    line = ToUtf8(line);
-    return true;
-}
-
-std::string TextFile::FirstLine() {
+std::string TextFile::FirstLine() const {
     std::string line;
-    if (!NextLine(line)) RaiseCustomary(InputPastEndOfFile, "TextFile", FileName(path_) + " is empty.");
+    if (!LineReader(*this).NextLine(line))
+        RaiseCustomary(InputPastEndOfFile, "TextFile", FileName(path_) + " is empty.");
     return line;
 }
 
-std::string TextFile::Place() const {
-    return "line " + std::to_string(lineNumber_) + " of " + FileName(path_);
+std::ptrdiff_t TextFile::CountLines() const {
+    LineReader reader(*this);
+    std::ptrdiff_t count = 0;
+    for (std::string_view line; reader.NextBytes(line);)
+        ++count;
+    return count;
+}
+
+LineReader::LineReader(const TextFile& file) : file_(&file) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (file.Bytes().compare(0, mark.size(), mark) == 0) at_ = mark.size();
+}
+
+bool LineReader::NextBytes(std::string_view& line) {
+    const std::string& bytes = file_->Bytes();
+    if (at_ == bytes.size()) return false;
+    ++lineNumber_;
+    const size_t start = at_;
+    while (at_ < bytes.size() && bytes[at_] != '\n' && bytes[at_] != '\r')
+        ++at_;
+    line = std::string_view(bytes).substr(start, at_ - start);
+    if (line.size() > TextFile::LongestLine)
+        RaiseCustomary(OutOfStringSpace, "LineReader",
+                       Place() + " is longer than the limit of " +
+                           std::to_string(TextFile::LongestLine / 1024 / 1024) + " MB.");
+    if (at_ < bytes.size()) at_ += bytes.compare(at_, 2, "\r\n") == 0 ? 2 : 1;
+    return true;
+}
+
+bool LineReader::NextLine(std::string& line) {
+    std::string_view bytes;
+    const bool found = NextBytes(bytes);
+    line = ToUtf8(bytes);
+    return found;
+}
+
+std::string LineReader::Place() const {
+    return "line " + std::to_string(lineNumber_) + " of " + FileName(file_->Path());
 }
 
 std::vector<std::string> SplitAtCommas(std::string_view line, size_t most) {
@@ -86,14 +82,6 @@ std::vector<std::string> SplitAtCommas(std::string_view line, size_t most) {
         line.remove_prefix(comma + 1);
     }
     return fields;
-}
-
-std::ptrdiff_t CountLines(const std::string& path) {
-    TextFile file(path);
-    std::ptrdiff_t count = 0;
-    for (std::string line; file.NextLine(line);)
-        ++count;
-    return count;
 }
 
 const std::string& FieldAt(const std::vector<std::string>& fields, size_t index, const std::string& place) {

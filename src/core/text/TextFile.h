@@ -2,55 +2,67 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vastrel {
 
-/// A text file read line by line.
+/// A text file, read once and whole; see ReadWholeFile. Counts and readings come from the same bytes,
+/// whatever happens to the file in between.
 ///
 /// A line ends with CR LF, LF or a lone CR. A line end at the end of the file starts no further line; a last
 /// line without one counts. A byte order mark at the head is passed over. Text is UTF-8; a byte that is part
 /// of no UTF-8 character is taken as Windows-1252.
 class TextFile {
 public:
-    /// The longest line that is read, in bytes: more is run-time error 14 with file and line, so that
-    /// memory stays bounded whatever the file holds.
+    /// The longest line that is read, in bytes: more is run-time error 14 with file and line.
     static constexpr size_t LongestLine = size_t{16} * 1024 * 1024;
 
-    /// Opens a file for reading. Run-time error 53 where there is none, 75 for a directory, 70 where
-    /// reading is not permitted.
+    /// Reads a file; errors as for ReadWholeFile.
     explicit TextFile(const std::string& path);
+
+    /// A file that stands in memory already; the path is what its places are named by.
+    TextFile(std::string path, std::string bytes);
+
+    const std::string& Path() const { return path_; }
+    /// The bytes as they are read, the byte order mark included.
+    const std::string& Bytes() const { return bytes_; }
+
+    /// Run-time error 62 for a file without a line.
+    std::string FirstLine() const;
+
+    /// Run-time error 14 for a line that is too long.
+    std::ptrdiff_t CountLines() const;
+
+private:
+    std::string path_, bytes_;
+};
+
+/// Reads the lines of a text file, which has to outlive it.
+class LineReader {
+public:
+    explicit LineReader(const TextFile& file);
+    explicit LineReader(TextFile&&) = delete;
 
     /// The next line without its end; false at the end of the file.
     bool NextLine(std::string& line);
-
-    /// The next line; run-time error 62 at the end of the file.
-    std::string FirstLine();
 
     /// "line 12 of points.txt", for the line read last.
     std::string Place() const;
 
 private:
-    int NextByte();
+    friend class TextFile;
+    bool NextBytes(std::string_view& line);
 
-    std::string path_;
-    std::ifstream stream_;
-    std::vector<char> buffer_;
+    const TextFile* file_;
     size_t at_ = 0;
-    size_t end_ = 0;
-    bool firstBytes_ = true;
     std::int64_t lineNumber_ = 0;
 };
 
 /// The fields of a line between commas. An empty line has no field at all; a comma at the end of a line adds
 /// an empty one. No more than `most` fields are taken, so that a line of nothing but commas stays small.
 std::vector<std::string> SplitAtCommas(std::string_view line, size_t most = static_cast<size_t>(-1));
-
-/// The number of lines of a file; errors as for TextFile.
-std::ptrdiff_t CountLines(const std::string& path);
 
 /// Field `index` (from 0) of a line; run-time error 9 naming the place where the line has fewer fields.
 const std::string& FieldAt(const std::vector<std::string>& fields, size_t index, const std::string& place);

@@ -187,9 +187,8 @@ TEST_F(CusumInput, NamesAMissingValueOfASavedTable) {
 
 namespace {
 
-using Load = std::function<bool(PointCusum&, const std::string&)>;
 struct Reader {
-    Load Read;
+    bool (*Read)(PointCusum&, const std::string&);
     std::string Row; // a whole row
 };
 const Reader Readers[] = {{LoadIDXY, "7,1,2"}, {LoadNewZScore, "7,1,2"}, {LoadOldCusum, "7,1,2"}};

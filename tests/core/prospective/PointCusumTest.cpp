@@ -257,7 +257,8 @@ protected:
 /// The columns from..to of a file of numbers, both from 1, as texts.
 std::string Columns(const std::string& path, size_t from, size_t to) {
     std::string bytes;
-    TextFile file(path);
+    const TextFile text(path);
+    LineReader file(text);
     for (std::string line; file.NextLine(line);) {
         const auto fields = SplitAtCommas(line);
         for (size_t j = from; j <= to; ++j)

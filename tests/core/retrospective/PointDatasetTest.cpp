@@ -370,7 +370,8 @@ TEST(PointDataset, RefusesALineOfAHundredMegabytes) {
         const std::string line = *head == 0 ? "1" : "2";
         EXPECT_EQ(ErrorDescriptionOf([&] { LoadPointDataset(path, PointFormat::ObsExp); }),
                   "Out of string space\nline " + line + " of huge.txt is longer than the limit of 16 MB.");
-        EXPECT_LT(PeakMemory() - memory, HundredMegabytes);
+        EXPECT_LT(PeakMemory() - memory,
+                  WithinLimit(HundredMegabytes * 5 / 4)); // the file, and no copy of it
         EXPECT_EQ(Loaded(), before);
     }
 }

@@ -20,7 +20,8 @@ namespace {
 
 std::vector<std::vector<std::string>> SampleRows(const std::string& name) {
     std::vector<std::vector<std::string>> rows;
-    TextFile file(InProject("samples/") + name);
+    const TextFile text(InProject("samples/") + name);
+    LineReader file(text);
     for (std::string line; file.NextLine(line);)
         rows.push_back(SplitAtCommas(line));
     return rows;

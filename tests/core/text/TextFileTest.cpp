@@ -16,9 +16,10 @@ namespace {
 using Lines = std::vector<std::string>;
 
 Lines LinesOfFile(const std::string& path) {
-    TextFile file(path);
+    const TextFile file(path);
+    LineReader reader(file);
     Lines lines;
-    for (std::string line; file.NextLine(line);)
+    for (std::string line; reader.NextLine(line);)
         lines.push_back(line);
     return lines;
 }
@@ -88,7 +89,8 @@ TEST(TextFile, SeesALineEndAcrossItsBuffer) {
 
 TEST(TextFile, NamesThePlaceOfTheLastLine) {
     const TemporaryFolder folder;
-    TextFile file(folder.Write("points.txt", "a\r\n\rc"));
+    const TextFile text(folder.Write("points.txt", "a\r\n\rc"));
+    LineReader file(text);
     std::string line;
     file.NextLine(line);
     EXPECT_EQ(file.Place(), "line 1 of points.txt");
@@ -134,7 +136,8 @@ TEST(TextFile, ReadsALineUpToItsLimit) {
     const TemporaryFolder folder;
     const std::string longest(TextFile::LongestLine, 'x');
     const std::string path = folder.Write("long.txt", "a\n" + longest + "\n" + longest + "x\n");
-    TextFile file(path);
+    const TextFile text(path);
+    LineReader file(text);
     std::string line;
     ASSERT_TRUE(file.NextLine(line));
     ASSERT_TRUE(file.NextLine(line));
@@ -143,22 +146,29 @@ TEST(TextFile, ReadsALineUpToItsLimit) {
               "Out of string space\nline 3 of long.txt is longer than the limit of 16 MB.");
 }
 
-TEST(TextFile, TakesBoundedMemoryForALineOfAHundredMegabytes) {
+TEST(TextFile, HoldsItsBytesOnce) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("huge.txt", "");
     std::filesystem::resize_file(path, HundredMegabytes); // zero bytes, no line end
     const auto before = PeakMemory();
-    TextFile file(path);
-    std::string line;
-    EXPECT_EQ(ErrorNumberOf([&] { file.NextLine(line); }), OutOfStringSpace);
-    EXPECT_LT(PeakMemory() - before, HundredMegabytes);
+    const TextFile file(path);
+    EXPECT_EQ(ErrorNumberOf([&] { file.CountLines(); }), OutOfStringSpace);
+    EXPECT_EQ(ErrorNumberOf([&] { file.FirstLine(); }), OutOfStringSpace);
+    EXPECT_LT(PeakMemory() - before, HundredMegabytes * 5 / 4);
 }
 
-TEST(CountLines, CountsWhatIsRead) {
-    const TemporaryFolder folder;
+TEST(TextFile, CountsWhatIsRead) {
     for (const auto& [bytes, count] : {std::pair{"", 0}, {"a", 1}, {"a\n", 1}, {"a\n\n", 2}, {"a\r\rb", 3}})
-        EXPECT_EQ(CountLines(folder.Write("lines.txt", bytes)), count) << bytes;
-    EXPECT_EQ(ErrorNumberOf([&] { CountLines(folder / "missing.txt"); }), FileNotFound);
+        EXPECT_EQ(TextFile("lines.txt", bytes).CountLines(), count) << bytes;
+}
+
+TEST(TextFile, KeepsWhatItReadWhenTheFileIsEmptied) {
+    const TemporaryFolder folder;
+    const TextFile file(folder.Write("lines.txt", "a\nb\n"));
+    folder.Write("lines.txt", "");
+    EXPECT_EQ(file.CountLines(), 2);
+    EXPECT_EQ(file.FirstLine(), "a");
+    EXPECT_EQ(file.Bytes(), "a\nb\n");
 }
 
 // ---- Fields

@@ -1,0 +1,18 @@
+#include "core/platform/AvailableMemory.h"
+
+#include <fstream>
+#include <limits>
+#include <string>
+
+namespace vastrel {
+
+std::uint64_t AvailableMemory() {
+    std::ifstream info("/proc/meminfo");
+    for (std::string line; std::getline(info, line);) {
+        constexpr std::string_view key = "MemAvailable:";
+        if (line.compare(0, key.size(), key) == 0) return std::stoull(line.substr(key.size())) * 1024;
+    }
+    return std::numeric_limits<std::uint64_t>::max();
+}
+
+} // namespace vastrel
