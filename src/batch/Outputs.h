@@ -1,8 +1,9 @@
 #pragma once
 
+#include "core/text/OutputSet.h"
+
+#include <set>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace vastrel {
 
@@ -12,15 +13,14 @@ public:
     void Add(const std::string& path, std::string bytes);
 
     /// A folder that is made before the files are written, where it is missing.
-    void AddFolder(const std::string& path);
+    void AddFolder(const std::string& path) { files_.AddFolder(path); }
 
-    /// Writes all of them. A file that cannot be written is a run-time error, and then no file is created or
-    /// changed: each is written beside its place first and moved there at the end.
-    void Write() const;
+    /// Writes all of them, or none; errors as for OutputSet.
+    void Write() const { files_.Commit(); }
 
 private:
-    std::vector<std::string> folders_;
-    std::vector<std::pair<std::string, std::string>> files_;
+    OutputSet files_;
+    std::set<std::string> names_;
 };
 
 } // namespace vastrel

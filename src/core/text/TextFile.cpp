@@ -2,6 +2,7 @@
 
 #include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
+#include "core/text/OutputSet.h"
 #include "core/text/TextEncoding.h"
 #include "core/text/WholeFile.h"
 
@@ -106,16 +107,9 @@ void WriteTextFile(const std::string& path, const std::vector<std::string>& line
 }
 
 void WriteFile(const std::string& path, std::string_view bytes) {
-    errno = 0;
-    std::ofstream stream(NativePath(path), std::ios::binary | std::ios::trunc);
-    if (!stream) {
-        const bool refused = errno == EACCES || errno == EPERM || errno == EROFS;
-        RaiseCustomary(refused ? PermissionDenied : PathFileAccessError, "WriteFile",
-                       path + " cannot be created.");
-    }
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    if (!stream) RaiseCustomary(DiskFull, "WriteFile", path + " could not be written to its end.");
+    OutputSet file;
+    file.Add(path, std::string(bytes));
+    file.Commit();
 }
 
 } // namespace vastrel

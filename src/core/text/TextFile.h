@@ -68,7 +68,7 @@ std::vector<std::string> SplitAtCommas(std::string_view line, size_t most = stat
 const std::string& FieldAt(const std::vector<std::string>& fields, size_t index, const std::string& place);
 
 /// Creates or replaces a text file; every line gets the platform's line end. Run-time error 75 or 70 where
-/// the file cannot be created, 61 where it cannot be written to its end.
+/// the file cannot be created, 61 where it cannot be written to its end; an old file stands whole then.
 void WriteTextFile(const std::string& path, const std::vector<std::string>& lines);
 
 /// The lines as one text with the platform's line ends.

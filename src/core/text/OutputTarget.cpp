@@ -1,0 +1,115 @@
+#include "core/text/OutputTarget.h"
+
+#include "core/platform/RunTimeError.h"
+#include "core/text/DiskFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vastrel {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Kind = OutputTarget::Kind;
+
+/// Whether a name of this folder is the number of one of the process's descriptors.
+bool HoldsDescriptors(const std::string& folder) {
+    std::error_code failed;
+    const fs::path whole = fs::canonical(folder, failed);
+    if (failed) return false;
+    return whole == fs::canonical("/proc/self/fd", failed) ||
+           whole == fs::canonical("/proc/thread-self/fd", failed);
+}
+
+/// The descriptor that a path names; -1 for none.
+int DescriptorOf(const std::string& path) {
+    const std::string name = path.substr(path.rfind('/') + 1);
+    constexpr size_t mostDigits = 9;
+    const bool number = !name.empty() && name.size() <= mostDigits &&
+                        std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return number && HoldsDescriptors(FolderOf(path)) ? std::atoi(name.c_str()) : -1;
+}
+
+/// Follows the links at the end of a path up to a descriptor, to what is no link, or to what is not there.
+/// False for links in a ring; errno tells.
+bool FollowLinks(OutputTarget& target) {
+    constexpr int mostLinks = 40;
+    for (int i = 0; i < mostLinks; ++i) {
+        target.Descriptor = DescriptorOf(target.Path);
+        if (target.Descriptor >= 0) return true;
+        std::error_code noLink;
+        const fs::path next = fs::read_symlink(target.Path, noLink);
+        if (noLink) return true;
+        target.Path = next.is_absolute() ? next.string() : FolderOf(target.Path) + "/" + next.string();
+    }
+    errno = ELOOP;
+    return false;
+}
+
+void RequireOpenForWriting(const OutputTarget& target) {
+    const int flags = fcntl(target.Descriptor, F_GETFL);
+    if (flags >= 0 && (flags & O_ACCMODE) == O_RDONLY) errno = EACCES;
+    if (flags < 0 || (flags & O_ACCMODE) == O_RDONLY) RaiseFileError(target.Path, "cannot be written to");
+}
+
+} // namespace
+
+OutputTarget FindTarget(const std::string& path) {
+    OutputTarget target;
+    target.Path = path;
+    if (path == "-") return {Kind::Descriptor, "Standard output", STDOUT_FILENO, false, false};
+    if (!FollowLinks(target)) RaiseFileError(path, "cannot be created");
+    if (target.Descriptor >= 0) {
+        target.Where = Kind::Descriptor;
+        RequireOpenForWriting(target);
+        return target;
+    }
+    struct stat is = {};
+    if (stat(target.Path.c_str(), &is) != 0) {
+        if (errno != ENOENT || path.empty() || path.back() == '/') RaiseFileError(path, "cannot be created");
+        return target;
+    }
+    if (S_ISDIR(is.st_mode)) RaiseCustomary(PathFileAccessError, "WriteFile", path + " is a folder.");
+    if (!S_ISREG(is.st_mode)) {
+        target.Where = Kind::Device;
+        if (faccessat(AT_FDCWD, target.Path.c_str(), W_OK, AT_EACCESS) != 0)
+            RaiseFileError(path, "may not be written");
+        return target;
+    }
+    if (!OpenFile(target.Path, O_WRONLY)) RaiseFileError(path, "may not be written");
+    target.Exists = true;
+    target.HasOtherNames = is.st_nlink > 1;
+    return target;
+}
+
+std::optional<std::string> FileIdentity(const std::string& path) {
+    const auto numbers = [](const struct stat& is) {
+        return std::to_string(is.st_dev) + ":" + std::to_string(is.st_ino);
+    };
+    struct stat is = {};
+    if (path == "-") {
+        if (fstat(STDOUT_FILENO, &is) == 0 && S_ISREG(is.st_mode)) return numbers(is);
+        return {};
+    }
+    if (path.empty()) return {};
+    if (stat(path.c_str(), &is) == 0) {
+        const bool named = S_ISREG(is.st_mode) || S_ISDIR(is.st_mode) || S_ISFIFO(is.st_mode);
+        return named ? std::optional(numbers(is)) : std::nullopt;
+    }
+    OutputTarget target;
+    target.Path = path;
+    FollowLinks(target);
+    const std::string folder = FolderOf(target.Path);
+    const std::string name = target.Path.substr(target.Path.rfind('/') + 1);
+    if (stat(folder.c_str(), &is) == 0) return numbers(is) + "/" + name;
+    std::error_code failed;
+    return fs::weakly_canonical(fs::absolute(target.Path, failed), failed).string();
+}
+
+} // namespace vastrel
