@@ -20,12 +20,20 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-class ConsolePlatform;
+/// Input that is refused in words of the batch program's own.
+class InputRefused : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
-/// Options of the whole program, and the console that it runs on.
+class ConsolePlatform;
+class RunRecord;
+
+/// Options of the whole program, the console that it runs on, and what the run tells of itself.
 struct ProgramOptions {
     bool Quiet = false;
     const ConsolePlatform* Console = nullptr;
+    RunRecord* Record = nullptr;
 };
 
 /// A subcommand adds itself to the program: its options, and what it does once they are parsed. `run` is set
@@ -41,12 +49,17 @@ void AddHValue(CLI::App& program, const ProgramOptions& options, RunCommand& run
 void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddExport(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddAgain(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+
+/// The subcommand that makes an earlier run once more.
+constexpr const char* AgainCommand = "again";
 
 /// The subcommand whose words may begin with a minus sign.
 constexpr const char* PValueCommand = "p-value";
 
-/// The four sizes W,H,SW,SH of a plot surface; WrongUse for any other text.
+/// The four sizes W,H,SW,SH of a plot surface, and their text; WrongUse for any other text.
 SurfaceSize ParseSurface(const std::string& text);
+std::string SurfaceText(const SurfaceSize& size);
 
 /// The path made absolute, without "." and ".." between its folders, before anything else looks at it. The
 /// empty path, of no file, stays empty.

@@ -48,10 +48,13 @@ void IDColumns::AddTo(CLI::App& command) {
 }
 
 void CountOptions::AddTo(CLI::App& command) {
-    command.add_option("--pop", Pop, "column of the population");
-    command.add_option("--cases", Cases, "column of the cases");
-    command.add_option("--obs", Obs, "column of the observed counts");
-    command.add_option("--exp", Exp, "column of the expected counts");
+    CLI::Option* popCase[] = {command.add_option("--pop", Pop, "column of the population"),
+                              command.add_option("--cases", Cases, "column of the cases")};
+    CLI::Option* obsExp[] = {command.add_option("--obs", Obs, "column of the observed counts"),
+                             command.add_option("--exp", Exp, "column of the expected counts")};
+    for (CLI::Option* one : popCase)
+        for (CLI::Option* other : obsExp)
+            one->excludes(other);
     IDs.AddTo(command);
 }
 

@@ -18,10 +18,10 @@ const std::map<std::string, StartOption> Starts{
 struct PointWatchOptions : WatchOptions {
     std::string IDs, ZScores, Previous;
     std::string Start;
-    std::string Surface;
+    std::string Surface = SurfaceText(ProspectivePointSurface());
     double Zoom = ProspectivePointZoom;
     const CLI::Option* PreviousOption = nullptr;
-    const CLI::Option* StartOptionGiven = nullptr;
+    CLI::Option* StartOptionGiven = nullptr;
 
     bool GoesOn() const { return PreviousOption->count() > 0; }
 
@@ -43,8 +43,7 @@ class PointWatchRun : public WatchCommand {
 public:
     PointWatchRun(const PointWatchOptions& options, const ProgramOptions& program)
         : WatchCommand(options, program), options_(options), start_(options.ChosenStart()),
-          map_(options.Zoom),
-          size_(options.Surface.empty() ? ProspectivePointSurface() : ParseSurface(options.Surface)) {}
+          map_(options.Zoom), size_(ParseSurface(options.Surface)) {}
 
 protected:
     bool Load() override {
@@ -91,8 +90,14 @@ protected:
 private:
     bool LoadFiles() {
         if (!LoadIDXY(watch_, AbsolutePath(options_.IDs))) return false;
-        if (options_.GoesOn() && !LoadOldCusum(watch_, AbsolutePath(options_.Previous))) return false;
-        return LoadNewZScore(watch_, AbsolutePath(options_.ZScores));
+        Record().TookFile(options_.IDs);
+        if (options_.GoesOn()) {
+            if (!LoadOldCusum(watch_, AbsolutePath(options_.Previous))) return false;
+            Record().TookFile(options_.Previous);
+        }
+        if (!LoadNewZScore(watch_, AbsolutePath(options_.ZScores))) return false;
+        Record().TookFile(options_.ZScores);
+        return true;
     }
 
     std::ptrdiff_t SavedPeriods() const { return PeriodCount() - watch_.NewPeriodCount; }
@@ -116,10 +121,14 @@ void AddProspectivePoints(CLI::App& program, const ProgramOptions& programOption
         command->add_option("--previous", options->Previous, "saved cusums to continue from, like --z");
     options->StartOptionGiven =
         command->add_option("--start", options->Start, "zero, fir or previous")->check(CLI::IsMember(Starts));
+    options->StartOptionGiven->default_str("zero");
     options->AddTo(*command);
-    command->add_option("--surface", options->Surface, "W,H,SW,SH: sizes of the plot surface")->group("Test");
+    command->add_option("--surface", options->Surface, "W,H,SW,SH: sizes of the plot surface")
+        ->capture_default_str()
+        ->group("Test");
     command->add_option("--zoom", options->Zoom, "zoom of the map")->capture_default_str()->group("Test");
     command->callback([options, &programOptions, &run] {
+        if (options->GoesOn()) options->StartOptionGiven->default_str("previous");
         run = [options, &programOptions] {
             options->CheckAll();
             return PointWatchRun(*options, programOptions).Run();

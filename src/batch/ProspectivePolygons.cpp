@@ -26,10 +26,9 @@ struct PolygonWatchOptions : WatchOptions {
     std::string ZScores, Previous;
     std::string Show = "current";
     IDColumns IDs;
-    const CLI::Option* FieldsOption = nullptr;
-    const CLI::Option* ZOption = nullptr;
-    const CLI::Option* PreviousOption = nullptr;
-    const CLI::Option* ShowOption = nullptr;
+    CLI::Option* FieldsOption = nullptr;
+    CLI::Option* ZOption = nullptr;
+    CLI::Option* PreviousOption = nullptr;
 
     ZSource Source() const { return FieldsOption->count() > 0 ? ZSource::Fields : ZSource::Text; }
     bool GoesOn() const { return PreviousOption->count() > 0; }
@@ -37,10 +36,7 @@ struct PolygonWatchOptions : WatchOptions {
 
     void CheckAll() const {
         Check();
-        if ((FieldsOption->count() > 0) == (ZOption->count() > 0)) throw WrongUse("Give --fields or --z.");
-        if (!GoesOn() && ShowOption->count() > 0) throw WrongUse("--show goes with --previous.");
-        if (GoesOn() && !Cusum.empty() && !PolygonCusumRules().SavesContinuedRun)
-            throw WrongUse("--cusum does not go with --previous.");
+        if (FieldsOption->count() == 0 && ZOption->count() == 0) throw WrongUse("Give --fields or --z.");
     }
 };
 
@@ -53,13 +49,17 @@ public:
 protected:
     bool Load() override {
         if (!OpenForProspective(options_.File, options_.IDs)) return false;
+        Record().TookShapefile(options_.File);
         if (options_.Source() == ZSource::Text) return true;
         const int first = ColumnNumber(options_.Fields.front()), last = ColumnNumber(options_.Fields.back());
         return TakeStartField(first, options_.Fields.front()) && TakeEndField(last, options_.Fields.back());
     }
 
     bool RunTest() override {
-        if (options_.GoesOn() && !options_.Previous.empty()) ReadCusumFile(AbsolutePath(options_.Previous));
+        if (options_.GoesOn() && !options_.Previous.empty()) {
+            ReadCusumFile(AbsolutePath(options_.Previous));
+            Record().TookFile(options_.Previous);
+        }
         ws.bCusumRun = true;
         const bool fields = options_.Source() == ZSource::Fields;
         if (!fields && !ReadText()) return false;
@@ -94,6 +94,7 @@ private:
         if (options_.ZScores.empty() && !options_.GoesOn()) return false;
         ReadTextZScores(options_.ZScores.empty() ? std::filesystem::current_path().string()
                                                  : AbsolutePath(options_.ZScores));
+        Record().TookFile(options_.ZScores);
         return true;
     }
 
@@ -112,13 +113,16 @@ void AddProspectivePolygons(CLI::App& program, const ProgramOptions& programOpti
             ->expected(2);
     options->ZOption = command->add_option(
         "--z", options->ZScores, "z-scores: a line for each record of the table, a column a period");
+    options->ZOption->excludes(options->FieldsOption);
     options->IDs.AddTo(*command);
     options->PreviousOption =
         command->add_option("--previous", options->Previous, "cusum file to continue from (.csm)");
-    options->ShowOption = command->add_option("--show", options->Show, "current or both")
-                              ->check(CLI::IsMember(Shows))
-                              ->capture_default_str();
+    command->add_option("--show", options->Show, "current or both")
+        ->check(CLI::IsMember(Shows))
+        ->capture_default_str()
+        ->needs(options->PreviousOption);
     options->AddTo(*command);
+    if (!PolygonCusumRules().SavesContinuedRun) options->PreviousOption->excludes("--cusum");
     command->callback([options, &programOptions, &run] {
         run = [options, &programOptions] {
             options->CheckAll();

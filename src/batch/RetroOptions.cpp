@@ -33,8 +33,12 @@ void RetroOptions::AddTo(CLI::App& command) {
     command.add_option("--lists", Lists, "the rows of both lists")->group("Output");
     command.add_option("--report", Report, "the report file")->group("Output");
     command.add_option("--map", Map, "the map (.png or .svg)")->group("Output");
-    command.add_option("--map-step", MapStep, "step of a range to map, counted from 1")->group("Output");
-    command.add_option("--chart", Chart, "the chart of a range (.png, .svg or .pdf)")->group("Output");
+    command.add_option("--map-step", MapStep, "step of a range to map, counted from 1")
+        ->excludes(SigmaOption)
+        ->group("Output");
+    command.add_option("--chart", Chart, "the chart of a range (.png, .svg or .pdf)")
+        ->excludes(SigmaOption)
+        ->group("Output");
     command.add_option("--json", Json, "every number")->group("Output");
 }
 
@@ -49,9 +53,7 @@ RetroVariable RetroOptions::ChosenVariable() const {
 void RetroOptions::Check() const {
     RequirePictureEnding(Map, {".png", ".svg"});
     RequirePictureEnding(Chart, {".png", ".svg", ".pdf"});
-    if (!Chart.empty() && !IsRange()) throw WrongUse("--chart goes with a range of bandwidths.");
-    if (MapStep != 0 && (!IsRange() || Map.empty()))
-        throw WrongUse("--map-step goes with --map and a range.");
+    if (MapStep != 0 && Map.empty()) throw WrongUse("--map-step goes with --map.");
     if (!Map.empty() && IsRange() && MapStep < 1) throw WrongUse("--map of a range needs --map-step.");
 }
 

@@ -24,9 +24,25 @@ Json FromZero(const Array1<double>& values, std::ptrdiff_t count) {
     return list;
 }
 
+namespace {
+
+/// The ids as the lists show them; the second one where it was chosen.
+void AddRegionIDs(Json& json) {
+    auto& first = json["RegionID"] = Json::array();
+    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
+        first.push_back(ws.bTextfileData ? ws.RegionCentroid(i).ID : ws.PrimaryIDs(i));
+    if (ws.bTextfileData || !ws.bUseSecondaryID) return;
+    auto& second = json["RegionID2"] = Json::array();
+    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
+        second.push_back(ws.SecondaryIDs(i));
+}
+
+} // namespace
+
 Json DatasetJson() {
     Json json;
     json["NumRegion"] = ws.NumRegion;
+    AddRegionIDs(json);
     json["TotalShapeArea"] = ws.TotalShapeArea;
     Json centroids = Json::array();
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
@@ -123,10 +139,15 @@ void AddSweepJson(Json& json) {
     json["ChartLabels"] = ws.ChartLabels;
 }
 
-std::string JsonText(const Json& json) {
+std::string JsonText(const Json& header, const Json& results) {
+    // A path need not be UTF-8; what is not is replaced.
+    const auto dump = [](const Json& value) {
+        return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    };
     std::string text;
-    for (const auto& [key, value] : json.items())
-        text += (text.empty() ? "{\n " : ",\n ") + Json(key).dump() + ": " + value.dump();
+    for (const Json* part : {&header, &results})
+        for (const auto& [key, value] : part->items())
+            text += (text.empty() ? "{\n " : ",\n ") + dump(key) + ": " + dump(value);
     return text + "\n}\n";
 }
 

@@ -24,7 +24,8 @@ void AddLegendJson(nlohmann::ordered_json& json, const Array1<double>& values,
 nlohmann::ordered_json FromOne(const Array1<double>& values);
 nlohmann::ordered_json FromZero(const Array1<double>& values, std::ptrdiff_t count);
 
-std::string JsonText(const nlohmann::ordered_json& json);
+/// One object of the keys of both, each on a line of its own.
+std::string JsonText(const nlohmann::ordered_json& header, const nlohmann::ordered_json& results);
 
 /// The rows of both lists with an empty line between them.
 std::string ListsText(const std::vector<std::string>& first, const std::vector<std::string>& second);

@@ -85,7 +85,7 @@ void RetroRun::AddTexts(const ResultLists& lists, const nlohmann::ordered_json& 
     if (nothingAsked || !options_.Lists.empty())
         outputs_.Add(nothingAsked ? "-" : options_.Lists, ListsText(lists.Global, lists.Local));
     AddReport();
-    if (!options_.Json.empty()) outputs_.Add(options_.Json, JsonText(json));
+    if (!options_.Json.empty()) outputs_.Add(options_.Json, JsonText(Record().Header(), json));
 }
 
 std::vector<std::string> RangeTexts() {

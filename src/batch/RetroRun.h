@@ -2,6 +2,7 @@
 
 #include "batch/Outputs.h"
 #include "batch/RetroResults.h"
+#include "batch/RunRecord.h"
 #include "core/retrospective/ResultLists.h"
 
 namespace vastrel {
@@ -30,6 +31,7 @@ protected:
     virtual std::vector<std::string> LegendTexts() const = 0;
 
     RetroVariable Variable() const { return variable_; }
+    RunRecord& Record() const { return *program_.Record; }
 
 private:
     bool RunSingle();

@@ -14,7 +14,7 @@ namespace {
 struct PointOptions : RetroOptions {
     std::string File;
     std::string Format;
-    std::string Surface;
+    std::string Surface = SurfaceText(RetroPointSurface());
     double Zoom = RetroPointZoom;
 };
 
@@ -23,7 +23,7 @@ class PointRun : public RetroRun {
 public:
     PointRun(const PointOptions& options, const ProgramOptions& program)
         : RetroRun(options, program, PointRules()), options_(options), map_(options.Zoom),
-          size_(options.Surface.empty() ? RetroPointSurface() : ParseSurface(options.Surface)) {}
+          size_(ParseSurface(options.Surface)) {}
 
 protected:
     bool Load() override {
@@ -33,6 +33,7 @@ protected:
             Warn(WrongPointFormat);
             return false;
         }
+        Record().TookFile(options_.File);
         map_.TakeCentroids(static_cast<std::ptrdiff_t>(ws.NumTextRegion));
         PlotAllPoints(map_.View, size_, map_.X, map_.Y);
         return true;
@@ -76,7 +77,9 @@ void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& programOpti
         ->required()
         ->check(CLI::IsMember({"obs-exp", "pop-case"}));
     options->AddTo(*command);
-    command->add_option("--surface", options->Surface, "W,H,SW,SH: sizes of the plot surface")->group("Test");
+    command->add_option("--surface", options->Surface, "W,H,SW,SH: sizes of the plot surface")
+        ->capture_default_str()
+        ->group("Test");
     command->add_option("--zoom", options->Zoom, "zoom of the map")->capture_default_str()->group("Test");
     command->callback([options, &programOptions, &run] {
         run = [options, &programOptions] {

@@ -22,7 +22,11 @@ public:
         : RetroRun(options, program, PolygonRules()), options_(options) {}
 
 protected:
-    bool Load() override { return OpenForRetrospective(options_.File, options_.Columns); }
+    bool Load() override {
+        if (!OpenForRetrospective(options_.File, options_.Columns)) return false;
+        Record().TookShapefile(options_.File);
+        return true;
+    }
 
     std::string MapPicture(const std::string& path, const Array1<double>& values) override {
         return DrawPicture(path, PolygonMapSurface(), PolygonPictureScale,

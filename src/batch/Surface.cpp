@@ -14,4 +14,9 @@ SurfaceSize ParseSurface(const std::string& text) {
     return {size(0), size(1), size(2), size(3)};
 }
 
+std::string SurfaceText(const SurfaceSize& size) {
+    return GeneralText(size.Width) + "," + GeneralText(size.Height) + "," + GeneralText(size.ScaleWidth) +
+           "," + GeneralText(size.ScaleHeight);
+}
+
 } // namespace vastrel

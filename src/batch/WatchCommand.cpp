@@ -18,7 +18,7 @@ ExitStatus WatchCommand::Run() {
 void WatchCommand::AddOutputs() {
     const CusumOutputs results = Results();
     const auto labels = SignalLabels();
-    AddWatchTexts(outputs_, options_,
+    AddWatchTexts(outputs_, options_, Record(),
                   {results, labels, RegionCount(), PeriodCount(), StudyArea(), PlayPeriods()});
     if (!options_.Cusum.empty())
         outputs_.Add(options_.Cusum,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/RunRecord.h"
 #include "batch/WatchResults.h"
 
 namespace vastrel {
@@ -36,6 +37,8 @@ protected:
 
     /// The picture of a period.
     virtual std::string PeriodMap(const std::string& path, std::ptrdiff_t t) = 0;
+
+    RunRecord& Record() const { return *program_.Record; }
 
 private:
     std::vector<std::string> PlayPeriods();

@@ -73,12 +73,13 @@ Json JsonOf(const WatchRun& watch) {
 
 } // namespace
 
-void AddWatchTexts(Outputs& outputs, const WatchOptions& options, const WatchRun& watch) {
+void AddWatchTexts(Outputs& outputs, const WatchOptions& options, const RunRecord& record,
+                   const WatchRun& watch) {
     if (!options.Lists.empty() || options.AsksForNothing())
         outputs.Add(options.Lists.empty() ? "-" : options.Lists, ListsOf(watch));
     if (!options.Report.empty())
         outputs.Add(options.Report, JoinLines(CusumReport(watch.Run, watch.RegionCount, watch.PeriodCount)));
-    if (!options.Json.empty()) outputs.Add(options.Json, JsonText(JsonOf(watch)));
+    if (!options.Json.empty()) outputs.Add(options.Json, JsonText(record.Header(), JsonOf(watch)));
 }
 
 void AddWatchChart(Outputs& outputs, const std::string& path) {

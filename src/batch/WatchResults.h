@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/Outputs.h"
+#include "batch/RunRecord.h"
 #include "batch/WatchOptions.h"
 #include "core/prospective/CusumTables.h"
 
@@ -17,7 +18,8 @@ struct WatchRun {
 };
 
 /// Adds the texts that the options ask for, the lists to standard output where they ask for nothing.
-void AddWatchTexts(Outputs& outputs, const WatchOptions& options, const WatchRun& watch);
+void AddWatchTexts(Outputs& outputs, const WatchOptions& options, const RunRecord& record,
+                   const WatchRun& watch);
 
 /// Adds the chart of the store.
 void AddWatchChart(Outputs& outputs, const std::string& path);

@@ -1,8 +1,12 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
+#include "batch/RunRecord.h"
+#include "batch/Settings.h"
+#include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <new>
 
@@ -17,7 +21,8 @@ constexpr AddCommand Commands[] = {AddRetrospectivePoints,
                                    AddExport,
                                    AddCentroids,
                                    AddPValue,
-                                   AddHValue};
+                                   AddHValue,
+                                   AddAgain};
 
 /// The words of the command line in the order that the parser takes, last first. The words of p-value stand
 /// behind a "--", since they may begin with a minus sign. "--sigma=" is --sigma with an empty text, which the
@@ -38,13 +43,29 @@ std::vector<std::string> Words(int argc, char** argv) {
     return words;
 }
 
-/// Runs the chosen command inside the one error boundary of the program.
-ExitStatus RunGuarded(ConsolePlatform& console, const RunCommand& run) {
+/// The configuration file that cannot be opened.
+RunTimeError NoConfiguration(const CLI::App& program) {
+    const std::string path = program.get_config_ptr()->as<std::string>();
+    std::error_code ignored;
+    return std::filesystem::is_directory(NativePath(path), ignored)
+               ? RunTimeError(PathFileAccessError, "vastrel-batch", path + " is a folder, not a file.")
+               : RunTimeError(FileNotFound, "vastrel-batch", CustomaryText(FileNotFound) + "\n" + path);
+}
+
+/// Parses the words and runs the chosen command, inside the one error boundary of the program.
+ExitStatus RunGuarded(ConsolePlatform& console, const CLI::App& program, const RunCommand& parseAndRun) {
     try {
-        return run();
+        return parseAndRun();
+    } catch (const CLI::FileError&) {
+        console.ReportRunTimeError(NoConfiguration(program));
+    } catch (const CLI::ParseError& error) {
+        return program.exit(error) == 0 ? ExitStatus::Done : ExitStatus::WrongUse;
     } catch (const WrongUse& wrong) {
         std::cerr << wrong.what() << '\n';
         return ExitStatus::WrongUse;
+    } catch (const InputRefused& refused) {
+        std::cerr << refused.what() << '\n';
+        return ExitStatus::Refused;
     } catch (const RunTimeError& error) {
         console.ReportRunTimeError(error);
     } catch (const std::bad_alloc&) {
@@ -63,9 +84,14 @@ int main(int argc, char** argv) {
     CLI::App program("Finds and watches spatial clusters in the counts of regions.", "vastrel-batch");
     ProgramOptions options;
     options.Console = &console;
+    RunRecord record;
+    options.Record = &record;
     RunCommand run;
     program.set_version_flag("--version", "vastrel-batch " VASTREL_VERSION);
     program.add_flag("--quiet", options.Quiet, "no progress on standard error");
+    program.set_config("--config", "", "settings of the command (TOML)")->take_all();
+    program.config_formatter(std::make_shared<SettingsFile>(program));
+    program.allow_config_extras(CLI::config_extras_mode::error);
     program.require_subcommand(1);
     program.fallthrough();
     for (const auto add : Commands)
@@ -73,10 +99,9 @@ int main(int argc, char** argv) {
     for (auto* command : program.get_subcommands({}))
         command->set_version_flag("--version", "vastrel-batch " VASTREL_VERSION);
 
-    try {
+    return static_cast<int>(RunGuarded(console, program, [&] {
         program.parse(Words(argc, argv));
-    } catch (const CLI::ParseError& error) {
-        return program.exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::WrongUse);
-    }
-    return static_cast<int>(RunGuarded(console, run));
+        record.Begin(*program.get_subcommands().front());
+        return RunCommand(run)(); // a copy: again sets another
+    }));
 }

@@ -69,6 +69,8 @@ TEST_F(PolygonColumns, ComeInOnePair) {
          {Words{"--id", "KEY"}, Words{"--pop", "POP", "--id", "KEY"},
           Words{"--pop", "POP", "--exp", "EXPECTED", "--id", "KEY"},
           Words{"--pop", "POP", "--cases", "CASES", "--obs", "CASES", "--exp", "EXPECTED", "--id", "KEY"}})
+        EXPECT_EQ(Run(columns).Status, 2);
+    for (const Words& columns : {Words{"--id", "KEY"}, Words{"--pop", "POP", "--id", "KEY"}})
         EXPECT_EQ(Run(columns), (BatchResult{2, "", OnePair}));
     EXPECT_EQ(Run({"--pop", "POP", "--cases", "CASES"}).Status, 2); // no id
 }

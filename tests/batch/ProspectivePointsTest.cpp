@@ -93,7 +93,7 @@ TEST_F(ProspectivePoints, WritesEveryNumber) {
     EXPECT_EQ(json["Signals"], Json::parse("[[],[2],[4]]"));
     EXPECT_EQ(json["CusumChartData"], Json::parse("[[5.5,9],[11,9],[10,9]]"));
     EXPECT_EQ(json["ChartLabels"], Json::parse(R"(["1","2","3"])"));
-    EXPECT_EQ(json.size(), 12u);
+    EXPECT_EQ(json.size(), 15u); // with program, settings and inputs
 }
 
 TEST_F(ProspectivePoints, ContinuesASavedTableWithAllPeriods) {

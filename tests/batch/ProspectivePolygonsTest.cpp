@@ -113,7 +113,7 @@ TEST_F(ProspectivePolygons, WritesEveryNumber) {
     EXPECT_EQ(json["Signals"], Json::parse("[[],[2],[3]]"));
     EXPECT_EQ(json["CusumChartData"], Json::parse("[[5.5,9],[11,9],[10,9]]"));
     EXPECT_EQ(json["ChartLabels"], Json::parse(R"(["1","2","3"])"));
-    EXPECT_EQ(json.size(), 12u);
+    EXPECT_EQ(json.size(), 15u); // with program, settings and inputs
 }
 
 TEST_F(ProspectivePolygons, SmoothsWithTheAreasAndCentresOfTheShapes) {

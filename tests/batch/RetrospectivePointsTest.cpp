@@ -52,7 +52,8 @@ std::set<std::string> With(std::set<std::string> keys, const std::set<std::strin
     return keys;
 }
 
-const std::set<std::string> DatasetKeys{"NumRegion",  "TotalShapeArea", "RegionCentroid", "ObsCount",
+const std::set<std::string> DatasetKeys{"Program",    "Settings",       "Inputs",         "RegionID",
+                                        "NumRegion",  "TotalShapeArea", "RegionCentroid", "ObsCount",
                                         "ExpCount",   "ExpRatio",       "TotalObs",       "TotalPop",
                                         "AlphaLevel", "PlottedPoints",  "ScaleX",         "ScaleY"};
 const std::set<std::string> LegendKeys{"CurrentSigma", "LegendLimits", "ClassOf", "LegendTexts"};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "batch/InputFile.h"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+namespace vastrel {
+
+/// The settings in force of a command that was parsed: its name as Command, then each of its options under
+/// its name, in the parser's order, as text (a list of texts where it takes several): what was given, or else
+/// its default. The default of an option that does not go with a given one is not in force.
+nlohmann::ordered_json SettingsOf(const CLI::App& command);
+
+/// The head of the JSON of an earlier run.
+struct EarlierRun {
+    std::string Command;
+    nlohmann::ordered_json Settings; // without the command
+    std::vector<InputFile> Inputs;
+};
+
+/// InputRefused for what holds no settings.
+EarlierRun ReadEarlierRun(std::istream& stream);
+
+/// Reads the settings of the chosen command from a file: from the library's own configuration file (TOML), at
+/// its head or in a section of the command's name, or from the JSON of an earlier run. An option of the
+/// command line goes before the file, and settings that do not go with it fall away.
+class SettingsFile : public CLI::ConfigTOML {
+public:
+    explicit SettingsFile(const CLI::App& program) : program_(program) {}
+
+    std::vector<CLI::ConfigItem> from_config(std::istream& stream) const override;
+
+private:
+    std::vector<CLI::ConfigItem> FromToml(std::istream& stream) const;
+    std::vector<CLI::ConfigItem> FromJson(std::istream& stream) const;
+    const CLI::App* Command() const;
+
+    const CLI::App& program_;
+};
+
+} // namespace vastrel
