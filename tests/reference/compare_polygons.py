@@ -3,8 +3,8 @@
 
     compare_polygons.py PROGRAM SAMPLES
 
-Texts are compared to the letter, numbers as compare_retrospective.py does, and refusals by their
-status and message.
+Texts are compared to the letter, the numbers of JSON and cusum files as compare_retrospective.py does,
+and refusals by their status and message.
 """
 
 import json
@@ -82,6 +82,18 @@ def printed(program, kind, path, ask, folder):
     return done.returncode, done.stderr, texts
 
 
+def fields(text):
+    """The lines of a cusum file, whose fields are full numbers but for the titles."""
+    return [[number_or_text(field) for field in line.split(",")] for line in text.split("\n")]
+
+
+def number_or_text(field):
+    try:
+        return float(field)
+    except ValueError:
+        return field
+
+
 def compare(program, kind, path, ask, folder):
     status, messages, ours = expected(kind, path, ask)
     got, errors, theirs = printed(program, kind, path, ask, folder)
@@ -97,6 +109,8 @@ def compare(program, kind, path, ask, folder):
     for what in set(ours) & set(theirs):
         if what == "json":
             difference.compare(what, ours[what], json.loads(theirs[what]))
+        elif what == "cusum":
+            difference.compare(what, fields(ours[what]), fields(theirs[what]))
         elif ours[what] != theirs[what]:
             difference.compare(what, ours[what].split("\n"), theirs[what].split("\n"))
     return difference

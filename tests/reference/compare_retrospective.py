@@ -4,7 +4,8 @@
     compare_retrospective.py PROGRAM SAMPLES [--whole] [DATASET:FORMAT ...]
 
 Lists and reports are compared text for text, the JSON number for number: equal, or within 1e-12
-relative (the two languages may end in different last bits where their power functions do). Without
+relative (the exponentials and powers here are those of the C library, the program's own are rounded to
+the nearest double). Without
 --whole only a few quick runs are made.
 """
 

@@ -1,5 +1,6 @@
 #include "support/PlainRetrospective.h"
 
+#include "core/numeric/Elementary.h"
 #include "core/numeric/Power.h"
 #include "core/text/Numbers.h"
 
@@ -26,7 +27,8 @@ Table<double> PlainWeights(const Workspace& w) {
             const double d = Power(Power(p.X - q.X, 2) + Power(p.Y - q.Y, 2), 0.5);
             const double spread =
                 (Power(sigma, 2) + Power(sigma, 2)) * (w.TotalShapeArea / static_cast<double>(n));
-            k(i, j) = i == j ? 1 / (sigma * r) : (1 / (sigma * r)) * std::exp((Power(d, 2) * -1.0) / spread);
+            k(i, j) =
+                i == j ? 1 / (sigma * r) : (1 / (sigma * r)) * Exponential((Power(d, 2) * -1.0) / spread);
         }
     for (Index i = 1; i <= n; ++i) {
         double s = 0;
@@ -174,7 +176,7 @@ double PlainMaximum(const Array1<double>& values) {
 
 double PlainMCritical(const Workspace& w) {
     const double x = ((w.CurrentSigma * w.CurrentSigma * 0.81 + 1) * (w.AlphaLevel * 4)) / w.NumRegion;
-    const double y = (-std::sqrt(3.14159265)) * std::log(x);
+    const double y = (-std::sqrt(3.14159265)) * Logarithm(x);
     return ToNumber(Num(std::sqrt(y), "###0.0000"));
 }
 
@@ -182,7 +184,7 @@ double PlainMCritical(const Workspace& w) {
 
 double PlainDensity(double x) {
     const double c = std::sqrt(6.2831853), s = 1;
-    return std::exp((-x * x) / ((s * s) * 2)) * (1 / (c * s));
+    return Exponential((-x * x) / ((s * s) * 2)) * (1 / (c * s));
 }
 
 double PlainChiSquarePValue(double chi, double df) {

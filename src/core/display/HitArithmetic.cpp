@@ -1,12 +1,14 @@
 #include "core/display/HitArithmetic.h"
 
+#include "core/numeric/Elementary.h"
+
 #include <cmath>
 
 namespace vastrel {
 
 double SafeAtan2(double y, double x) {
     constexpr double pi = 3.14159265;
-    double angle = std::fabs(x) >= 0.0001 ? std::fabs(std::atan(y / x)) : pi / 2;
+    double angle = std::fabs(x) >= 0.0001 ? std::fabs(ArcTangent(y / x)) : pi / 2;
     if (x < 0) angle = pi - angle;
     if (y < 0) angle = -angle;
     return angle;

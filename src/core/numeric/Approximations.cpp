@@ -1,5 +1,6 @@
 #include "core/numeric/Approximations.h"
 
+#include "core/numeric/Elementary.h"
 #include "core/numeric/Power.h"
 #include "core/platform/RunTimeError.h"
 #include "core/text/Numbers.h"
@@ -19,7 +20,7 @@ constexpr double ShortThird = 0.33333;
 double Density(double x) {
     const double c = std::sqrt(TwoPi);
     const double s = 1;
-    return std::exp((-x * x) / ((s * s) * 2)) * (1 / (c * s));
+    return Exponential((-x * x) / ((s * s) * 2)) * (1 / (c * s));
 }
 
 /// x after all steps that the integration takes where the density is 0 and adds nothing. Within one binade
@@ -30,7 +31,7 @@ double SkipFlatTail(double x) {
         const double taken = x - (x - Step);
         if (taken == 0)
             RaiseCustomary(Overflow, "NormalPValue", "z is so far out that it cannot be integrated from.");
-        const double floor = std::max(FlatFrom, std::exp2(std::ilogb(x)));
+        const double floor = std::max(FlatFrom, std::ldexp(1, std::ilogb(x)));
         const double steps = std::floor((x - floor) / taken);
         x = steps > 1 ? x - (steps - 1) * taken : x - Step;
     }

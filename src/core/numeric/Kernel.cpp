@@ -1,6 +1,7 @@
 #include "core/numeric/Kernel.h"
 
 #include "core/numeric/DenseKernel.h"
+#include "core/numeric/Exponentials.h"
 #include "core/numeric/Power.h"
 #include "core/numeric/RowWorkers.h"
 #include "core/text/Numbers.h"
@@ -74,7 +75,10 @@ void GaussianKernel(const PairDistances& distances, std::ptrdiff_t n, double are
         double* row = kernel.row(i);
         row[i] = peak;
         for (std::ptrdiff_t j = i + 1; j <= n; ++j)
-            row[j] = peak * std::exp((*squared++ * -1.0) / spread);
+            row[j] = (*squared++ * -1.0) / spread;
+        Exponentials(row + i + 1, n - i, row + i + 1);
+        for (std::ptrdiff_t j = i + 1; j <= n; ++j)
+            row[j] = peak * row[j];
     });
     if (n > 0) MirrorUpperTriangle(kernel.row(1) + 1, n, kernel.stride());
 }

@@ -1,15 +1,14 @@
 #include "core/prospective/HValueArithmetic.h"
 
+#include "core/numeric/Elementary.h"
 #include "core/numeric/Power.h"
 #include "core/text/Numbers.h"
-
-#include <cmath>
 
 namespace vastrel {
 
 double UnroundedThreshold(double k, double arl0, double series) {
     const double a = 2 * Power(k, 2) * arl0 * series;
-    return ((a + 2) / (a + 1)) * std::log(a + 1) / (2 * k);
+    return ((a + 2) / (a + 1)) * Logarithm(a + 1) / (2 * k);
 }
 
 double IndependentSeries(double n, double sigma) {
