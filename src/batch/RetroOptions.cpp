@@ -1,8 +1,11 @@
 #include "batch/RetroOptions.h"
 
 #include "batch/Pictures.h"
+#include "core/layer/RetroLayer.h"
+#include "core/text/Numbers.h"
 
 #include <map>
+#include <optional>
 
 namespace vastrel {
 
@@ -12,6 +15,16 @@ const std::map<std::string, RetroVariable> Variables{{"unadjusted", RetroVariabl
                                                      {"adjusted", RetroVariable::AdjustedPoisson},
                                                      {"freeman-tukey", RetroVariable::FreemanTukey},
                                                      {"rossi", RetroVariable::Rossi}};
+
+/// The number of steps where the texts tell it: they may yet be refused with a message, or raise an error.
+std::optional<std::ptrdiff_t> StepsOf(const SweepTexts& texts) {
+    if (!IsNumeric(texts.From) || !IsNumeric(texts.To) || !IsNumeric(texts.Step)) return std::nullopt;
+    try {
+        return SweepStepCount({ToNumber(texts.From), ToNumber(texts.To), ToNumber(texts.Step)});
+    } catch (const RunTimeError&) { // the run tells it
+        return std::nullopt;
+    }
+}
 
 } // namespace
 
@@ -40,17 +53,22 @@ void RetroOptions::AddTo(CLI::App& command) {
         ->excludes(SigmaOption)
         ->group("Output");
     command.add_option("--json", Json, "every number")->group("Output");
+    Layer.AddTo(command);
 }
 
 bool RetroOptions::AsksForNothing() const {
-    return Lists.empty() && Report.empty() && Map.empty() && Chart.empty() && Json.empty();
+    return Lists.empty() && Report.empty() && Map.empty() && Chart.empty() && Json.empty() &&
+           Layer.AsksForNothing();
 }
 
 RetroVariable RetroOptions::ChosenVariable() const {
     return Variables.at(Variable);
 }
 
-void RetroOptions::Check() const {
+void RetroOptions::Check(const std::vector<std::string>& inputs, bool twoIDs) const {
+    Layer.Check(inputs);
+    if (const auto steps = StepsOf(Range); steps && IsRange())
+        Layer.RequireRoomFor(RangeColumnCount(twoIDs, *steps));
     RequirePictureEnding(Map, {".png", ".svg"});
     RequirePictureEnding(Chart, {".png", ".svg", ".pdf"});
     if (MapStep != 0 && Map.empty()) throw WrongUse("--map-step goes with --map.");

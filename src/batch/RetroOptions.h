@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/Command.h"
+#include "batch/LayerOptions.h"
 #include "core/retrospective/Bandwidth.h"
 #include "core/retrospective/RetroVariable.h"
 
@@ -15,6 +16,7 @@ struct RetroOptions {
 
     std::string Lists, Report, Map, Chart, Json;
     int MapStep = 0;
+    LayerOptions Layer;
 
     CLI::Option* SigmaOption = nullptr;
 
@@ -24,8 +26,9 @@ struct RetroOptions {
     bool AsksForNothing() const;
     RetroVariable ChosenVariable() const;
 
-    /// What goes together and what does not; WrongUse otherwise.
-    void Check() const;
+    /// What goes together and what does not; WrongUse otherwise. `inputs` are the files that are read, and
+    /// `twoIDs` tells whether the rows carry two ids.
+    void Check(const std::vector<std::string>& inputs, bool twoIDs) const;
 };
 
 } // namespace vastrel

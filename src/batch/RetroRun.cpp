@@ -4,6 +4,8 @@
 #include "batch/Progress.h"
 #include "core/display/LegendClasses.h"
 #include "core/display/PointMap.h"
+#include "core/layer/CsvTable.h"
+#include "core/layer/RetroLayer.h"
 #include "core/retrospective/RetroReport.h"
 #include "core/retrospective/Sweep.h"
 #include "core/text/Numbers.h"
@@ -37,6 +39,7 @@ bool RetroRun::RunSingle() {
             LegendTexts());
     }
     AddTexts(lists, json);
+    AddRows();
     return true;
 }
 
@@ -53,6 +56,7 @@ bool RetroRun::RunRange() {
     auto json = Dataset();
     AddSweepJson(json);
     AddTexts(lists, json);
+    AddRows();
     AddChart();
     if (options_.Map.empty()) return true;
     SelectSweepStep(options_.MapStep - 1);
@@ -78,6 +82,17 @@ void RetroRun::AddReport() {
     if (options_.Report.empty()) return;
     const auto lines = options_.IsRange() ? RangeReport(variable_, rules_) : SingleReport(variable_, rules_);
     outputs_.Add(options_.Report, JoinLines(lines));
+}
+
+void RetroRun::AddRows() {
+    const bool range = options_.IsRange();
+    const LayerOptions& asked = options_.Layer;
+    if (!asked.Layer.empty())
+        AddLayer(outputs_, asked.Layer,
+                 LayerOfStore(range ? RangeRows(rules_) : SingleRows(variable_, rules_), rules_),
+                 program_.Quiet);
+    if (!asked.Table.empty())
+        outputs_.Add(asked.Table, CsvText(range ? RangeRowsByStep(rules_) : SingleRows(variable_, rules_)));
 }
 
 void RetroRun::AddTexts(const ResultLists& lists, const nlohmann::ordered_json& json) {

@@ -40,6 +40,7 @@ private:
     void AddChart();
     void AddTexts(const ResultLists& lists, const nlohmann::ordered_json& json);
     void AddReport();
+    void AddRows();
 
     const RetroOptions& options_;
     const ProgramOptions& program_;

@@ -10,7 +10,7 @@ from pathlib import Path
 
 # Each folder, and those below it that it may use; its own files are its own.
 CORE = "core/platform core/text core/workspace core/numeric core/spatial core/retrospective core/prospective " \
-       "core/export core/binding core/display".split()
+       "core/export core/binding core/display core/layer".split()
 BELOW_TESTS = CORE[:5]
 MAY_USE = {
     "core/platform": [],
@@ -22,7 +22,8 @@ MAY_USE = {
     "core/prospective": BELOW_TESTS,
     "core/export": BELOW_TESTS,
     "core/binding": BELOW_TESTS,
-    "core/display": CORE[:-1],
+    "core/display": CORE[:-2],
+    "core/layer": CORE[:-1],
     "pictures": CORE,
     "batch": [*CORE, "pictures"],
     "desktop/toolkit": [*CORE, "pictures"],

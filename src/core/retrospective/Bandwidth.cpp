@@ -4,6 +4,8 @@
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"
 
+#include <cmath>
+
 namespace vastrel {
 
 bool TakeSingleSigma(const std::string& text) {
@@ -33,6 +35,10 @@ bool TakeSweepRange(const SweepTexts& texts, SweepRange& range) {
         return false;
     }
     return true;
+}
+
+std::int16_t SweepStepCount(const SweepRange& range) {
+    return RoundToInt16(std::fabs(range.From - range.To) / range.Step + 1);
 }
 
 } // namespace vastrel

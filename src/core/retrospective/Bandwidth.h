@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace vastrel {
@@ -20,6 +21,9 @@ struct SweepTexts {
 struct SweepRange {
     double From = 0, To = 0, Step = 0;
 };
+
+/// The number of bandwidths in a range. Run-time error 6 for more than a 16-bit counter holds.
+std::int16_t SweepStepCount(const SweepRange& range);
 
 /// Takes the texts of a range: From into CurrentSigma, To into SigmaTo. Texts that are not numeric, and then
 /// a range that is not valid, are refused with a message: false.

@@ -47,10 +47,6 @@ void AppendM(Rows& rows, const char* label) {
         rows.push_back(row);
 }
 
-bool UsesTwoIDs(const RetroRules& rules) {
-    return rules.ReadsSecondaryID && ws.bUseSecondaryID;
-}
-
 Rows LocalRows(RetroVariable variable, const RowLayout& layout, const RetroRules& rules) {
     const std::string dashes = Dashes(82);
     Rows rows{dashes, HeadingText(layout), dashes};
@@ -67,6 +63,10 @@ Rows LocalScoreRows(RetroVariable variable, const RetroRules& rules) {
 }
 
 } // namespace
+
+bool UsesTwoIDs(const RetroRules& rules) {
+    return rules.ReadsSecondaryID && ws.bUseSecondaryID;
+}
 
 RowValues LocalRowValues(RetroVariable variable, const RetroRules& rules, std::ptrdiff_t i) {
     RowValues values;

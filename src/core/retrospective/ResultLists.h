@@ -21,6 +21,9 @@ ResultLists FillListsScoreUnadjusted(const RetroRules& rules);
 ResultLists FillListsScoreAdjusted(const RetroRules& rules);
 ResultLists FillListsM(const RetroRules& rules);
 
+/// Whether rows carry two ids.
+bool UsesTwoIDs(const RetroRules& rules);
+
 /// The values of Region i for a local row of a list or a report.
 RowValues LocalRowValues(RetroVariable variable, const RetroRules& rules, std::ptrdiff_t i);
 

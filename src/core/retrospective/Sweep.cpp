@@ -8,8 +8,6 @@
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"
 
-#include <cmath>
-
 namespace vastrel {
 
 namespace {
@@ -95,7 +93,7 @@ bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules&
               const std::function<void(const std::string&)>& addRow) {
     SweepRange range;
     if (!TakeSweepRange(texts, range)) return false;
-    ws.BandwidthCount = RoundToInt16(std::fabs(range.From - range.To) / range.Step + 1);
+    ws.BandwidthCount = SweepStepCount(range);
     if (ws.CurrentSigma == 0) ws.CurrentSigma = SigmaForZero;
     if (rules.TakesNumTextRegion) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
     PrepareRun(variable);

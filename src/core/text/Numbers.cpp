@@ -94,6 +94,11 @@ std::string ShortestFloatText(float value) {
     return GeneralText(digits);
 }
 
+std::string ShortestText(double value) {
+    char text[40];
+    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+}
+
 namespace {
 
 bool IsBlank(char c) {

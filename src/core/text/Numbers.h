@@ -25,6 +25,10 @@ std::string GeneralText(double value);
 /// The fewest digits that read back as the same 32-bit float, in the same plain or exponent form.
 std::string ShortestFloatText(float value);
 
+/// The fewest digits that read back as the same 64-bit float, as files for other programs hold it: 12, 0.1,
+/// -0, 1e-09; no more than 24 characters.
+std::string ShortestText(double value);
+
 /// Blanks or tabs around, a sign, digits 0 to 9 with an optional point, an optional exponent (e, E, d, D).
 /// No thousands marks, hexadecimal, nan or inf; the point is the decimal sign in every locale.
 /// The empty text is not numeric. A number too large for a double is.

@@ -327,3 +327,13 @@ TEST(Counter16, HoldsExactly32767) {
     EXPECT_EQ(ErrorDescriptionOf([] { Counter16(40000); }),
               "Overflow\n40000 is more than a 16-bit counter holds (32767).");
 }
+
+TEST(ShortestText, ReadsBackToTheSameValueInAtMost24Characters) {
+    EXPECT_EQ(ShortestText(12), "12");
+    EXPECT_EQ(ShortestText(0.1), "0.1");
+    EXPECT_EQ(ShortestText(-0.0), "-0");
+    EXPECT_EQ(ShortestText(1e-9), "1e-09");
+    EXPECT_EQ(ShortestText(0.1 + 0.2), "0.30000000000000004"); // the sum is not the nearest value to 0.3
+    EXPECT_EQ(ShortestText(-2.2250738585072014e-308), "-2.2250738585072014e-308");
+    EXPECT_EQ(ShortestText(-2.2250738585072014e-308).size(), 24U);
+}
