@@ -1,6 +1,7 @@
 #include "batch/LayerOptions.h"
 
 #include "batch/Command.h"
+#include "core/spatial/ShapefileFiles.h"
 
 #include <filesystem>
 #include <iostream>
@@ -17,7 +18,11 @@ bool SameFile(const std::string& a, const std::string& b) {
 
 /// An input and, of a shapefile, what goes with it.
 std::vector<std::string> FilesOfInput(const std::string& input) {
-    return IsLayerPath(input) ? PathsOfLayer(input) : std::vector<std::string>{input};
+    if (!IsLayerPath(input)) return {input};
+    auto files = FilesOfShapefile(AbsolutePath(input));
+    for (const std::string& file : PathsOfLayer(input)) // the projection among them
+        files.push_back(file);
+    return files;
 }
 
 } // namespace
