@@ -128,6 +128,19 @@ TEST_F(HitTest, EnlargesBeforeItMeasures) {
     EXPECT_EQ(At(4.01, 4.01), 0);
 }
 
+// Enlarged, click and vertices lie near 12345678.9, where 32-bit floats are whole numbers. Both stay between
+// them.
+TEST_F(HitTest, EnlargesIn64Bits) {
+    const double click = 123456.7890625; // a 32-bit float itself
+    for (const auto& [border, region] : {std::pair{123456.7885, 2}, std::pair{123456.7895, 1}}) {
+        ws.ShpPolygons.Clear();
+        AddPolygon({ClockwiseSquare(0, 0, 1)});
+        AddPolygon({ClockwiseSquare(border - 10, 0, 10)});
+        AddPolygon({ClockwiseSquare(border, 0, 10)});
+        EXPECT_EQ(At(click, 5), region) << region;
+    }
+}
+
 TEST_F(HitTest, StopsWithoutAScaleAndSelectsTheFirst) {
     AddPolygon({ClockwiseSquare(0, 0, 10)});
     ws.PolygonView.MapScaleX = 0;

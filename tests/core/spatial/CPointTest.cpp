@@ -85,6 +85,30 @@ TEST(CPointDistance, KeepsTheEarlierOfEqualVertices) {
     EXPECT_DOUBLE_EQ(CPoint(0.5, -1).Distance(ShapeOf<CPolygon>({Square})), std::sqrt(1.25));
 }
 
+TEST(CPointDistance, TriesBothSegmentsAtAMiddleVertex) {
+    // The nearest vertex is the corner (10, 0) of an angle whose sides go left and up. A point is 1 from the
+    // side before the corner, another 1 from the side behind it.
+    const auto angle = ShapeOf<CPolyLine>({{{0, 0}, {10, 0}, {10, 20}, {30, 20}}});
+    EXPECT_DOUBLE_EQ(CPoint(8, -1).Distance(angle), 1);
+    EXPECT_DOUBLE_EQ(CPoint(11, 3).Distance(angle), 1);
+    EXPECT_DOUBLE_EQ(CPoint(13, -4).Distance(angle), 5); // beyond both: the corner itself
+    const auto ring = ShapeOf<CPolygon>({{{0, 0}, {0, 20}, {10, 20}, {10, 0}, {0, 0}}});
+    EXPECT_DOUBLE_EQ(CPoint(7, 21).Distance(ring), 1);  // corner 3, the side before it
+    EXPECT_DOUBLE_EQ(CPoint(12, 17).Distance(ring), 2); // corner 3, the side behind it
+}
+
+TEST(CPointDistance, TakesTheSmallestOverAllParts) {
+    // Three parts side by side, each nearest at its first vertex; the sides go up from y = 0.
+    const std::vector<Line> parts{{{0, 0}, {0, 50}}, {{20, 0}, {20, 50}}, {{40, 0}, {40, 50}}};
+    for (const auto& [x, distance] : {std::pair{3.0, 3.0}, std::pair{18.0, 2.0}, std::pair{45.0, 5.0}}) {
+        EXPECT_DOUBLE_EQ(CPoint(x, 10).Distance(ShapeOf<CPolyLine>(parts)), distance) << x;
+        EXPECT_DOUBLE_EQ(CPoint(x, 10).Distance(ShapeOf<CPolygon>(parts)), distance) << x;
+    }
+    // A vertex of one part may beat the foot on another.
+    EXPECT_DOUBLE_EQ(CPoint(11, -3).Distance(ShapeOf<CPolygon>({{{0, -10}, {0, 50}}, {{15, 0}, {15, 50}}})),
+                     5);
+}
+
 TEST(CPointDistance, TreatsAPointInsideLikeAnyOther) {
     // Nearest corner (0, 0); the left side is 0.25 away.
     EXPECT_DOUBLE_EQ(CPoint(0.25, 0.3).Distance(ShapeOf<CPolygon>({Square})), 0.25);

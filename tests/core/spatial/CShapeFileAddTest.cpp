@@ -30,6 +30,10 @@ CPart PartOf(const Ring& ring) {
     return part;
 }
 
+std::string BoxBytes(double left, double bottom, double right, double top) {
+    return LittleDouble(left) + LittleDouble(bottom) + LittleDouble(right) + LittleDouble(top);
+}
+
 CPolygon TwoRings() {
     CPolygon polygon;
     polygon.Add(PartOf(ClockwiseSquare(0, 0, 4)));
@@ -55,9 +59,63 @@ TEST(CShapeFileAdd, WritesTheFormatByteByByte) {
     // Put together from the published layout: header, record header, contents of two rings.
     ShapefileBytes expected(5);
     expected.Add(PolygonContents({ClockwiseSquare(0, 0, 4), CounterClockwiseSquare(1, 1, 1)}));
-    const std::string box = LittleDouble(0) + LittleDouble(0) + LittleDouble(4) + LittleDouble(4);
+    const std::string box = BoxBytes(0, 0, 4, 4);
     EXPECT_EQ(ReadFile(path), Replaced(expected.Shp(), 36, box));
     EXPECT_EQ(ReadFile(folder / "new.shx"), Replaced(expected.Shx(), 36, box));
+}
+
+TEST(CShapeFileAdd, WritesALineOfTwoPartsByteByByte) {
+    const TemporaryFolder folder;
+    CPolyLine line;
+    line.Add(PartOf({{3, 4}, {5, 2}, {6, 8}}));
+    line.Add(PartOf({{-1, 5}, {2, 3}}));
+    const std::string path = Written(folder, 3, line);
+    ShapefileBytes expected(3);
+    expected.Add(PolygonContents({{{3, 4}, {5, 2}, {6, 8}}, {{-1, 5}, {2, 3}}}, 3));
+    const std::string box = BoxBytes(-1, 2, 6, 8);
+    EXPECT_EQ(ReadFile(path), Replaced(expected.Shp(), 36, box));
+    EXPECT_EQ(ReadFile(folder / "new.shx"), Replaced(expected.Shx(), 36, box));
+}
+
+TEST(CShapeFileAdd, TakesTheExtentFromTheFirstRecordAlone) {
+    const TemporaryFolder folder; // on either side of 0, which no edge may keep
+    for (const auto& [x, y] : {std::pair{5.0, 7.0}, std::pair{-5.0, -7.0}}) {
+        const std::string path = Written(folder, 1, CPoint(x, y));
+        EXPECT_EQ(ReadFile(path).substr(36, 32), BoxBytes(x, y, x, y));
+        EXPECT_EQ(ReadFile(folder / "new.shx").substr(36, 32), BoxBytes(x, y, x, y));
+    }
+}
+
+TEST(CShapeFileAdd, WritesTheExtentThatMovesOnOneSideOnly) {
+    const TemporaryFolder folder;
+    const std::pair<CPoint, std::string> cases[] = {
+        {{1, 5}, BoxBytes(1, 5, 5, 5)}, // left, below, right, above of (5, 5)
+        {{5, 1}, BoxBytes(5, 1, 5, 5)}, {{9, 5}, BoxBytes(5, 5, 9, 5)},
+        {{5, 9}, BoxBytes(5, 5, 5, 9)}, {{5, 5}, BoxBytes(5, 5, 5, 5)},
+    };
+    for (const auto& [second, box] : cases) {
+        const std::string path = Written(folder, 1, CPoint(5, 5), second);
+        EXPECT_EQ(ReadFile(path).substr(36, 32), box) << second.X << " " << second.Y;
+        EXPECT_EQ(ReadFile(folder / "new.shx").substr(36, 32), box) << second.X << " " << second.Y;
+    }
+}
+
+TEST(CShapeFileAdd, StartsANewPairAlsoOnAnObjectThatHasBeenUsed) {
+    const TemporaryFolder folder;
+    const std::string old = Written(folder, 5, TwoRings());
+    CShapeFile file;
+    file.SetFileSpec(NameOf(old), CShapeFile::OpenExisting);
+    file.SetFileSpec(NameOf(folder / "next.shp"), CShapeFile::CREATEIT, 1);
+    EXPECT_EQ(file.Count(), 0);
+    EXPECT_EQ(file.FileType(), 1);
+    EXPECT_EQ(file.Left() + file.Right() + file.Bottom() + file.Top(), 0);
+    EXPECT_EQ(ReadFile(folder / "next.shp").substr(32), LittleInteger(1) + std::string(64, '\0'));
+    file.Add(CPoint(6, 7));
+    EXPECT_EQ(file.Count(), 1);
+    file = CShapeFile(); // its files are complete
+    EXPECT_EQ(ReadFile(folder / "next.shp").substr(36, 32), BoxBytes(6, 7, 6, 7));
+    EXPECT_EQ(ReadFile(folder / "next.shp").substr(100, 8), BigInteger(1) + BigInteger(10)); // record 1
+    EXPECT_EQ(ReadFile(old).size(), 100u + 8 + 44 + 2 * 4 + 10 * 16);                        // untouched
 }
 
 TEST(CShapeFileAdd, WritesWhatItReads) {
@@ -191,7 +249,7 @@ TEST(CShapeFileAdd, MovesTheExtentFromZeroBehindANullShape) {
     null.MakeNull(true);
     const std::string bytes = ReadFile(Written(folder, 1, null, CPoint(5, -3)));
     // The point is the second record, so the edges only move outwards from 0.
-    EXPECT_EQ(bytes.substr(36, 32), LittleDouble(0) + LittleDouble(-3) + LittleDouble(5) + LittleDouble(0));
+    EXPECT_EQ(bytes.substr(36, 32), BoxBytes(0, -3, 5, 0));
     // It starts behind the two bytes: at byte 110, word 55.
     EXPECT_EQ(ReadFile(folder / "new.shx").substr(108), BigInteger(55) + BigInteger(10));
 }

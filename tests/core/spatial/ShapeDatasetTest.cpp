@@ -85,6 +85,13 @@ TEST_F(ShapeDataset, TellsThatNoFileWasChosen) {
     EXPECT_FALSE(ws.AttributeRecordset);
 }
 
+TEST_F(ShapeDataset, TellsOfAnEmptyPathAlsoWhereTheDialogWasNotCancelled) {
+    platform.ExpectNoName(FileQuestion::Kind::Open, ShapefileFilter);
+    platform.ExpectMessage("You didn't specify shapefile.");
+    EXPECT_FALSE(OpenShapeAttributes());
+    EXPECT_FALSE(ws.DatasetFileName);
+}
+
 TEST_F(ShapeDataset, AcceptsABaseNameOfEightCharacters) {
     folder.Write("counties.dbf", TableOf(1));
     Choose(Polygons(1).WritePair(folder, "counties"));
@@ -233,6 +240,18 @@ TEST_F(ShapeDataset, ReadsTheHeader) {
     EXPECT_EQ(ws.ExtentArea, 2400);
 }
 
+TEST_F(ShapeDataset, TakesTheSizeOfABoxThatIsWrittenTheWrongWayRound) {
+    // Right of left and above of below change places: the edges stay as the header tells them.
+    const std::string box = LittleDouble(30) + LittleDouble(40) + LittleDouble(-10) + LittleDouble(-20);
+    ws.ShapeFilePath = folder.Write("nc.shp", Replaced(Polygons(1).Shp(), 36, box));
+    ReadShapeHeader();
+    EXPECT_EQ(ws.ExtentXMin, 30);
+    EXPECT_EQ(ws.ExtentYMax, -20);
+    EXPECT_EQ(ws.ExtentWidth, 40);
+    EXPECT_EQ(ws.ExtentHeight, 60);
+    EXPECT_EQ(ws.ExtentArea, 2400);
+}
+
 TEST_F(ShapeDataset, StopsTheCommandWithoutAHeader) {
     ws.ShapeFilePath = folder / "gone.shp";
     const auto error = ErrorOf(ReadShapeHeader);
@@ -284,6 +303,13 @@ TEST_F(ShapeDataset, KeepsTheCollectionOfTheOtherKind) {
     EXPECT_EQ(ws.ShpPolygons.Count(), 3);
     ASSERT_EQ(ws.ShpPoints.Count(), 2);
     EXPECT_EQ(ws.ShpPoints.Item(2)->Y, 6);
+    ShapefileBytes onePoint(1);
+    onePoint.Add(PointContents(7, 8));
+    load(onePoint, "b"); // fewer than before: nothing of the first is left
+    ASSERT_EQ(ws.ShpPoints.Count(), 1);
+    EXPECT_EQ(ws.ShpPoints.Item(1)->X, 7);
+    load(points, "b");
+    ASSERT_EQ(ws.ShpPoints.Count(), 2);
     load(lines, "c");
     EXPECT_EQ(ws.NumRegion, 1);
     EXPECT_EQ(ws.ShpPolygons.Count(), 3);
