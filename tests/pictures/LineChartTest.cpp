@@ -2,6 +2,7 @@
 
 #include "support/ScriptedPlatform.h"
 #include "support/TemporaryFolder.h"
+#include "support/screens/AskedFile.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -134,6 +135,7 @@ TEST_F(LineChartTest, SavesItsPictureInTheFormatOfTheName) {
         Choose(1);
         EXPECT_EQ(ReadFile(folder / name).substr(0, std::string(head).size()), head) << name;
     }
+    EXPECT_EQ(AskedFile(Script, [this] { Choose(1); }).DefaultExtension, "png");
     Script.ExpectFile(FileQuestion::Kind::Save, PictureFilter, ""); // cancelled: nothing
     Choose(1);
     Script.ExpectFile(FileQuestion::Kind::Save, PictureFilter, folder.Path()); // a folder

@@ -104,9 +104,10 @@ TEST(CPointDistance, TakesTheSmallestOverAllParts) {
         EXPECT_DOUBLE_EQ(CPoint(x, 10).Distance(ShapeOf<CPolyLine>(parts)), distance) << x;
         EXPECT_DOUBLE_EQ(CPoint(x, 10).Distance(ShapeOf<CPolygon>(parts)), distance) << x;
     }
-    // A vertex of one part may beat the foot on another.
-    EXPECT_DOUBLE_EQ(CPoint(11, -3).Distance(ShapeOf<CPolygon>({{{0, -10}, {0, 50}}, {{15, 0}, {15, 50}}})),
-                     5);
+    // The corner of one part may beat the foot on another, whichever comes first.
+    const Line upright{{0, -10}, {0, 50}}, corner{{15, 0}, {15, 50}};
+    for (const auto& both : {std::vector<Line>{upright, corner}, {corner, upright}})
+        EXPECT_DOUBLE_EQ(CPoint(11, -3).Distance(ShapeOf<CPolygon>(both)), 5);
 }
 
 TEST(CPointDistance, TreatsAPointInsideLikeAnyOther) {

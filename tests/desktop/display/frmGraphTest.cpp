@@ -20,7 +20,8 @@ TEST_F(frmGraphTest, ShowsTheRegionUnderTheMouse) {
     EXPECT_EQ(Text(Graph, "Text1"), "C in 2: ---> 1.50");
     EXPECT_EQ(ws.CusumChartData(2, 0), 10);
     EXPECT_EQ(Script.YieldCalls(), 3 + 3);
-    EXPECT_EQ(Graph.Frame()->pos(), QPoint(0, 337)); // just below the map: 5055 by 15
+    EXPECT_EQ(Graph.Frame()->pos(), QPoint(0, 337));   // just below the map: 5055 by 15
+    EXPECT_EQ(Graph.Frame()->size(), QSize(535, 327)); // 8025 and 4910 by 15
     ExpectCaptions(Graph, {{"frmGraph", "Cusum for individual region for a given period."}});
     Shot(Frame, "frmGraph");
     Run(); // closes it

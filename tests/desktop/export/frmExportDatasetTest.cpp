@@ -146,6 +146,23 @@ TEST_F(ExportScreen, RefusesWhatIsMissing) {
     EXPECT_FALSE(ws.ExportWeights.IsAllocated());
 }
 
+// First the columns, then the bandwidth, then the option, then the computing, and the dialog at the end.
+TEST_F(ExportScreen, AsksForOneThingAfterTheOther) {
+    Type(Screen, "txtSigma", "x");
+    Refused(NotSelected);
+    Choose("O1", "O1", "O2", "O2");
+    ws.ExportSigma = 7;
+    Refused("Bandwidth should be numeric.");
+    EXPECT_EQ(ws.ExportSigma, 7);
+    EXPECT_FALSE(ws.ExportTable.IsAllocated());
+    Type(Screen, "txtSigma", "2");
+    Press(Screen, "cmdExport"); // no option
+    EXPECT_EQ(ws.ExportSigma, 2);
+    Press(Screen, "optGeneric");
+    Script.ExpectRunTimeError(11); // an expected count of 0: no file is asked for
+    Press(Screen, "cmdExport");
+}
+
 TEST_F(ExportScreen, LosesTheTableWithACancel) {
     Choose("O1", "O1", "E1", "E1");
     Press(Screen, "optStandard");

@@ -239,7 +239,10 @@ TEST_F(OpenFlows, EndsTheProcessForABrokenShapefile) {
         Script.ExpectFile(FileQuestion::Kind::Open, ShapeFilter, path);
         Script.ExpectRunTimeError(InvalidFileCode);
         Script.ExpectEndOfProcess();
+        SetOddFlags();
         Command(flow);
+        // The prospective flow marks the dataset before the load, the other one behind all.
+        EXPECT_EQ(Flags(), flow == Flows[1] ? "S---" : "-TRC");
         EXPECT_FALSE(Parameter.IsLoaded());
         EXPECT_FALSE(SelectName.IsLoaded());
         EXPECT_FALSE(MapWindow.IsLoaded());

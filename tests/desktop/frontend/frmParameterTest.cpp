@@ -133,6 +133,26 @@ TEST_F(ParameterTest, TellsWhatIsMissing) {
     EXPECT_FALSE(Retro.IsLoaded());
 }
 
+TEST_F(ParameterTest, MissesWhatTheListsDoNotShowThoughItWasPicked) {
+    PickPopCase();
+    Press(Parameter, "optObsExp"); // the names stay stored, the texts go
+    Pick(Parameter, "cboObs", "CASES");
+    Pick(Parameter, "cboExp", "EXPECTED");
+    Press(Parameter, "optPopCase");
+    Refused(MissingPopCase);
+    TickSecondary();
+    Pick(Parameter, "cboSecondaryID", "DAY");
+    TickSecondary(); // which empties that list too
+    TickSecondary();
+    Pick(Parameter, "cboBasePopulation", "POP");
+    Pick(Parameter, "cboCase", "CASES");
+    Refused(MissingBoth);
+    ws.bRetroMapping = true;
+    Parameter.close();
+    EXPECT_FALSE(Retro.IsLoaded()); // closed incomplete
+    EXPECT_TRUE(ws.bRetroMapping);
+}
+
 TEST_F(ParameterTest, ReadsTheIdsAsTheyArePicked) {
     Pick(Parameter, "cboPrimaryID", "KEY");
     EXPECT_EQ(ws.PrimaryIDs(1) + ws.PrimaryIDs(2) + ws.PrimaryIDs(3), "abc");

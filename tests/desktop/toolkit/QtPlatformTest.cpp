@@ -129,6 +129,22 @@ TEST(QtPlatformTest, SetsAndResetsTheBusyPointerAsOneState) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST(QtPlatformTest, AddsTheExtensionAskedForWhereANameHasNone) {
+    const TemporaryFolder folder;
+    QtPlatform desktop;
+    for (const auto& [name, title] : {std::pair{"saved", "saved.csm"}, std::pair{"saved.x", "saved.x"}}) {
+        WhenShown<QFileDialog>([&, name = name](QFileDialog& dialog) {
+            dialog.setDirectory(QString::fromStdString(folder.Path()));
+            dialog.selectFile(name);
+            static_cast<QDialog&>(dialog).accept();
+        });
+        const FileChoice choice =
+            desktop.ChooseFile({FileQuestion::Kind::Save, "cusum files (*.csm)|*.csm", ".csm"});
+        EXPECT_EQ(choice.Title, title);
+        EXPECT_EQ(choice.Path, folder / title);
+    }
+}
+
 TEST(QtPlatformTest, ServesEventsInEveryYieldAndPacesThem) {
     QtPlatform desktop;
     int served = 0;
