@@ -16,8 +16,9 @@ bool SameFile(const std::string& a, const std::string& b) {
     return AbsolutePath(a) == AbsolutePath(b) || std::filesystem::equivalent(a, b, ignored);
 }
 
-/// An input and, of a shapefile, what goes with it.
+/// An input and, of a shapefile, what goes with it; nothing where none is given.
 std::vector<std::string> FilesOfInput(const std::string& input) {
+    if (input.empty()) return {};
     if (!IsLayerPath(input)) return {input};
     auto files = FilesOfShapefile(AbsolutePath(input));
     for (const std::string& file : PathsOfLayer(input)) // the projection among them

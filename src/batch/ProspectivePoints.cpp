@@ -31,7 +31,7 @@ struct PointWatchOptions : WatchOptions {
     }
 
     void CheckAll() const {
-        Check();
+        Check({IDs, ZScores, Previous});
         const bool previous = ChosenStart() == StartOption::Previous;
         if (previous && !GoesOn()) throw WrongUse("--start previous needs --previous.");
         if (!previous && GoesOn()) throw WrongUse("--previous goes with --start previous.");
@@ -79,6 +79,11 @@ protected:
         const CusumOutputs results = Results();
         if (t > SavedPeriods()) ChartUpdate(t, results.MaxCusum(t));
         return PeriodRow(t, results.MaxCusum(t), results.MaxRegion(t));
+    }
+
+    WatchRegions Regions() override { return PointWatchRegions(watch_, start_); }
+    Layer LayerOf(ResultTable rows, const WatchRegions& regions) const override {
+        return {std::move(rows), nullptr, regions.PointOf, ""};
     }
 
     std::string PeriodMap(const std::string& path, std::ptrdiff_t t) override {

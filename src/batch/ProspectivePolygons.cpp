@@ -35,7 +35,7 @@ struct PolygonWatchOptions : WatchOptions {
     StartOption Start() const { return GoesOn() ? StartOption::Previous : StartOption::Zero; }
 
     void CheckAll() const {
-        Check();
+        Check({File, ZScores, Previous});
         if (FieldsOption->count() == 0 && ZOption->count() == 0) throw WrongUse("Give --fields or --z.");
     }
 };
@@ -81,6 +81,11 @@ protected:
     std::string PlayPeriod(std::ptrdiff_t t) override {
         AddPolygonPeriod(shown_, t);
         return PolygonPeriodRow(shown_, t);
+    }
+
+    WatchRegions Regions() override { return PolygonWatchRegions(); }
+    Layer LayerOf(ResultTable rows, const WatchRegions&) const override {
+        return PolygonLayer(std::move(rows));
     }
 
     std::string PeriodMap(const std::string& path, std::ptrdiff_t t) override {

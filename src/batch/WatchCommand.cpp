@@ -1,6 +1,7 @@
 #include "batch/WatchCommand.h"
 
 #include "batch/Progress.h"
+#include "core/layer/CsvTable.h"
 #include "core/prospective/CusumFile.h"
 #include "core/prospective/CusumRows.h"
 #include "core/text/TextFile.h"
@@ -25,6 +26,16 @@ void WatchCommand::AddOutputs() {
                      JoinLines(CusumFileLines(results.Cusum, labels.UpperBound(), PeriodCount())));
     AddWatchChart(outputs_, options_.Chart);
     AddMaps();
+    AddRows();
+}
+
+void WatchCommand::AddRows() {
+    const LayerOptions& asked = options_.Layer;
+    if (asked.AsksForNothing()) return;
+    const WatchRegions regions = Regions();
+    if (!asked.Layer.empty())
+        AddLayer(outputs_, asked.Layer, LayerOf(WatchRows(regions), regions), program_.Quiet);
+    if (!asked.Table.empty()) outputs_.Add(asked.Table, CsvText(WatchRowsByPeriod(regions)));
 }
 
 /// The rows of the period list, with the chart filled beside them.

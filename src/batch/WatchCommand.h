@@ -2,6 +2,7 @@
 
 #include "batch/RunRecord.h"
 #include "batch/WatchResults.h"
+#include "core/layer/WatchLayer.h"
 
 namespace vastrel {
 
@@ -35,6 +36,10 @@ protected:
     virtual void BeginChart() = 0;
     virtual std::string PlayPeriod(std::ptrdiff_t t) = 0;
 
+    /// The Regions with their results as rows, and such rows where the Regions lie.
+    virtual WatchRegions Regions() = 0;
+    virtual Layer LayerOf(ResultTable rows, const WatchRegions& regions) const = 0;
+
     /// The picture of a period.
     virtual std::string PeriodMap(const std::string& path, std::ptrdiff_t t) = 0;
 
@@ -44,6 +49,7 @@ private:
     std::vector<std::string> PlayPeriods();
     void AddOutputs();
     void AddMaps();
+    void AddRows();
 
     const WatchOptions& options_;
     const ProgramOptions& program_;

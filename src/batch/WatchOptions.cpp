@@ -20,15 +20,18 @@ void WatchOptions::AddTo(CLI::App& command) {
     command.add_option("--maps", Maps, "folder for one picture a period (.png)")->group("Output");
     command.add_option("--chart", Chart, "the chart of the maxima (.png, .svg or .pdf)")->group("Output");
     command.add_option("--json", Json, "every number")->group("Output");
+    Layer.AddTo(command);
 }
 
-void WatchOptions::Check() const {
+void WatchOptions::Check(const std::vector<std::string>& inputs) const {
+    Layer.Check(inputs);
     if (!Maps.empty()) RequirePictureEnding(PeriodPicture(Maps, 1, 1), {".png"});
     RequirePictureEnding(Chart, {".png", ".svg", ".pdf"});
 }
 
 bool WatchOptions::AsksForNothing() const {
-    return Lists.empty() && Report.empty() && Cusum.empty() && Maps.empty() && Chart.empty() && Json.empty();
+    return Lists.empty() && Report.empty() && Cusum.empty() && Maps.empty() && Chart.empty() &&
+           Json.empty() && Layer.AsksForNothing();
 }
 
 std::string PeriodPicture(const std::string& folder, std::ptrdiff_t period, std::ptrdiff_t lastPeriod) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/Command.h"
+#include "batch/LayerOptions.h"
 #include "core/prospective/CusumParameters.h"
 
 namespace vastrel {
@@ -9,11 +10,13 @@ namespace vastrel {
 struct WatchOptions {
     CusumTexts Parameters;
     std::string Lists, Report, Cusum, Maps, Chart, Json;
+    LayerOptions Layer;
 
     void AddTo(CLI::App& command);
 
-    /// What goes together and what does not; WrongUse otherwise.
-    void Check() const;
+    /// What goes together and what does not; WrongUse otherwise. `inputs` are the files that are read, empty
+    /// texts among them.
+    void Check(const std::vector<std::string>& inputs) const;
 
     bool AsksForNothing() const;
 };

@@ -156,3 +156,39 @@ TEST(Table, GoesToStandardOutput) {
     EXPECT_EQ(result.Output.substr(0, result.Output.find('\n')), "ID,X,Y,OBS,EXP,M,CLASS");
     EXPECT_EQ(std::count(result.Output.begin(), result.Output.end(), '\n'), 6); // a header and five Regions
 }
+
+namespace {
+
+BatchResult RunWatch(const Words& more) {
+    return RunBatch(
+        With({"prospective-points", "--ids", InProject("samples/watch_xy.txt"), "--z",
+              InProject("samples/watch_z.txt"), "--previous", InProject("samples/watch_previous.txt")},
+             more));
+}
+
+} // namespace
+
+TEST(LayerOfAWatch, NeverStandsOverAnInput) {
+    const TemporaryFolder folder;
+    for (const char* input : {"watch_xy.txt", "watch_z.txt", "watch_previous.txt"}) {
+        const auto path = InProject(std::string("samples/") + input);
+        const auto before = ReadFile(path);
+        const auto result = RunWatch({"--lists", folder / "new", "--table", path});
+        EXPECT_EQ(result, (BatchResult{2, "", path + " is an input.\n"}));
+        EXPECT_EQ(ReadFile(path), before);
+    }
+    EXPECT_TRUE(fs::is_empty(folder.Path()));
+}
+
+TEST(LayerOfAWatch, CountsSavedPeriodsOnPoints) {
+    const auto table = RunWatch({"--table", "-"});
+    EXPECT_EQ(table.Status, 0);
+    // A header, and 12 saved and 24 new periods of 207 Regions.
+    EXPECT_EQ(std::count(table.Output.begin(), table.Output.end(), '\n'), 1 + 36 * 207);
+    EXPECT_EQ(table.Output.substr(0, table.Output.find('\n')), "ID,PERIOD,CUSUM,SIGNAL");
+}
+
+TEST(LayerOfAWatch, IsRefusedByNameBeforeTheRun) {
+    const auto result = RunWatch({"--layer", "a.csv"});
+    EXPECT_EQ(result, (BatchResult{2, "", "a.csv ends in none of: .geojson .shp\n"}));
+}

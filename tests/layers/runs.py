@@ -7,7 +7,7 @@ import subprocess
 from pathlib import Path
 
 import made_set
-from shapefile_dataset import Table, read_shapes, text_lines
+from shapefile_dataset import Shapes, Table, read_shapes, text_lines
 
 GEOGRAPHIC = b'GEOGCS["GCS_WGS_1984",DATUM["D_WGS_1984",SPHEROID["WGS_1984",6378137.0,298.257223563]],' \
              b'PRIMEM["Greenwich",0.0],UNIT["Degree",0.0174532925199433]]'
@@ -69,6 +69,54 @@ class RetrospectiveRun(Run):
                 (names + ["STEP", "SIGMA", "STAT"], long))
 
 
+class WatchRun(Run):
+    """A watch; `positions` are those of its Regions."""
+
+    def __init__(self, positions, *arguments, **named):
+        self.positions = positions
+        super().__init__(*arguments, **named)
+
+    def expected(self):
+        h, names = self.json["HValue"], ["ID", "ID2"][: len(self.ids)]
+        signals = [set(regions) for regions in self.json["Signals"]]
+        layer, table = [], []
+        for i, (ids, xy, cusum) in enumerate(zip(zip(*self.ids), self.positions, self.json["Cusum"]), 1):
+            cusum = list(map(float, cusum))
+            first = next((t for t, regions in enumerate(signals, 1) if i in regions), 0)
+            largest, last = max(cusum), cusum[-1]
+            # The classes are quarters of h, with their upper limits; beyond h stands the fifth.
+            shade = 5 if last > h else 1 + sum(last > limit for limit in (h / 4, h / 2, h / 4 * 3))
+            layer.append([*ids, *map(float, xy), last, shade, int(i in signals[-1]), first, largest,
+                          cusum.index(largest) + 1])
+            table += [[*ids, t, value, int(i in signals[t - 1])] for t, value in enumerate(cusum, 1)]
+        return ((names + ["X", "Y", "CUSUM", "CLASS", "SIGNAL", "FIRST", "MAX", "MAXAT"], layer),
+                (names + ["PERIOD", "CUSUM", "SIGNAL"], table))
+
+
+def watches_of_points(program, samples, out):
+    fields = [line.split(",") for line in text_lines(str(samples / "watch_xy.txt"))]
+    points = [(float(f[1]), float(f[2])) for f in fields]
+    for name, words in [("zero", ["--h", "3"]), ("fir", ["--start", "fir", "--sigma", "1", "--h", "4"]),
+                        ("previous", ["--previous", samples / "watch_previous.txt", "--h", "2.5"])]:
+        folder = out / name
+        folder.mkdir(parents=True)
+        words = [program, "prospective-points", "--ids", samples / "watch_xy.txt", "--z", samples / "watch_z.txt", *words]
+        yield WatchRun(points, str(folder), folder, words, [[f[0] for f in fields]], points=points)
+
+
+def watches_of_polygons(program, shapefile, ids, runs, out, **named):
+    table, rings = Table(str(shapefile.with_suffix(".dbf"))), read_shapes(str(shapefile))
+    centroids = Shapes(rings).centroids
+    for k, run in enumerate(runs):
+        folder = out / ("watch, %d" % k)
+        folder.mkdir(parents=True)
+        words = [program, "prospective-polygons", shapefile, *run]
+        for option, column in zip(("--id", "--id2"), ids):
+            words += [option, column]
+        yield WatchRun(centroids, str(folder), folder, words, [table.texts(c) for c in ids], rings=rings,
+                       projection=prj_of(shapefile), **named)
+
+
 def copied(shapefile, folder):
     folder.mkdir()
     for file in shapefile.parent.glob(shapefile.stem + ".*"):
@@ -115,6 +163,9 @@ def made_runs(program, folder):
         shapefile = made_set.write(data, projection)
         yield from retrospective_polygons(program, shapefile, ["--obs", "OBS", "--exp", "EXP"], ["NAME", "CODE"],
                                           data / "öut put", polygons=[region[4] for region in made_set.REGIONS])
+        yield from watches_of_polygons(program, shapefile, ["NAME", "CODE"],
+                                       [["--fields", "Z1", "Z4"], ["--fields", "Z2", "Z3", "--h", "0"]],
+                                       data / "wätch", polygons=[region[4] for region in made_set.REGIONS])
 
 
 def all_runs(program, project, folder):
@@ -123,6 +174,11 @@ def all_runs(program, project, folder):
     country = copied(samples / "country.shp", folder / "country")
     yield from retrospective_polygons(program, country, ["--pop", "POP", "--cases", "CASES"], ["NAME"],
                                       folder / "country" / "out")
+    yield from watches_of_polygons(program, country, ["NAME"], [
+        ["--z", samples / "watch_z.txt", "--h", "3"],
+        ["--z", samples / "watch_z.txt", "--previous", samples / "watch_previous.csm", "--sigma", "1", "--h", "2"]],
+        folder / "country" / "watches")
+    yield from watches_of_points(program, samples, folder / "watches")
     yield from retrospective_points(program, samples / "country_pop.txt", "pop-case", folder / "points")
     for name, counts, ids in [("nc", ["--pop", "BIR74", "--cases", "SID74"], ["NAME", "FIPS"]),
                               ("scotlip", ["--obs", "CANCER", "--exp", "CEXP"], ["NAME"]),

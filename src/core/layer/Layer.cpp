@@ -53,6 +53,10 @@ LayerFiles ShapeFiles(const std::string& path, const Layer& layer) {
 
 } // namespace
 
+Layer PolygonLayer(ResultTable rows) {
+    return {std::move(rows), &ws.ShpPolygons, {}, ProjectionOf(ws.ShapeFilePath)};
+}
+
 bool IsLayerPath(const std::string& path) {
     return EndsIn(path, GeoJsonEnding) || EndsIn(path, ShapeEnding);
 }

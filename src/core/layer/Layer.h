@@ -22,6 +22,9 @@ struct Layer {
     std::string Projection; // the bytes of the dataset's .prj file; empty where there is none
 };
 
+/// Rows with the polygons of the store that they tell of.
+Layer PolygonLayer(ResultTable rows);
+
 /// A file in memory.
 struct FileBytes {
     std::string Path;

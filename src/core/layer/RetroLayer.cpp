@@ -3,7 +3,6 @@
 #include "core/display/LegendClasses.h"
 #include "core/display/PointMap.h"
 #include "core/retrospective/ResultLists.h"
-#include "core/spatial/Projection.h"
 
 namespace vastrel {
 
@@ -87,16 +86,12 @@ std::ptrdiff_t RangeColumnCount(bool twoIDs, std::ptrdiff_t steps) {
 }
 
 Layer LayerOfStore(ResultTable rows, const RetroRules& rules) {
+    if (rules.IDsFromColumns) return PolygonLayer(std::move(rows));
     Layer layer;
     layer.Rows = std::move(rows);
-    if (rules.IDsFromColumns) {
-        layer.Polygons = &ws.ShpPolygons;
-        layer.Projection = ProjectionOf(ws.ShapeFilePath);
-    } else {
-        layer.PointOf = [](std::ptrdiff_t region) {
-            return PointXY{ws.RegionCentroid(region).X, ws.RegionCentroid(region).Y};
-        };
-    }
+    layer.PointOf = [](std::ptrdiff_t region) {
+        return PointXY{ws.RegionCentroid(region).X, ws.RegionCentroid(region).Y};
+    };
     return layer;
 }
 
