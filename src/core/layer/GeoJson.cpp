@@ -2,6 +2,7 @@
 
 #include "core/spatial/Projection.h"
 #include "core/spatial/RingNesting.h"
+#include "core/text/Numbers.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,45 +12,64 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json Position(const PointXY& point) {
-    return Json::array({point.X, point.Y});
+// Coordinates are most of a layer: they are written as text at once, the rest by the library.
+
+void Append(std::string& text, const PointXY& point) {
+    text += '[' + ShortestText(point.X) + ',' + ShortestText(point.Y) + ']';
 }
 
-Json Positions(const ClosedRing& ring) {
-    Json positions = Json::array();
-    for (const PointXY& vertex : ring)
-        positions.push_back(Position(vertex));
-    return positions;
-}
-
-Json Coordinates(const CPolygon& polygon) {
-    Json coordinates = Json::array();
-    for (const NestedRings& rings : NestRings(polygon)) {
-        Json one = Json::array({Positions(rings.Outer)});
-        for (const ClosedRing& hole : rings.Holes)
-            one.push_back(Positions(hole));
-        coordinates.push_back(std::move(one));
+void Append(std::string& text, const ClosedRing& ring) {
+    text += '[';
+    for (const PointXY& vertex : ring) {
+        if (&vertex != &ring.front()) text += ',';
+        Append(text, vertex);
     }
-    return coordinates;
+    text += ']';
 }
 
-Json Geometry(const Layer& layer, std::ptrdiff_t region) {
-    if (layer.Polygons == nullptr)
-        return {{"type", "Point"}, {"coordinates", Position(layer.PointOf(region))}};
-    Json coordinates = Coordinates(*layer.Polygons->Item(region));
-    if (coordinates.empty()) return nullptr;
-    return {{"type", "MultiPolygon"}, {"coordinates", std::move(coordinates)}};
+void Append(std::string& text, const NestedRings& rings) {
+    text += '[';
+    Append(text, rings.Outer);
+    for (const ClosedRing& hole : rings.Holes) {
+        text += ',';
+        Append(text, hole);
+    }
+    text += ']';
 }
 
-Json Feature(const Layer& layer, std::ptrdiff_t region) {
+void AppendGeometry(std::string& text, const Layer& layer, std::ptrdiff_t region) {
+    if (layer.Polygons == nullptr) {
+        text += "{\"type\":\"Point\",\"coordinates\":";
+        Append(text, layer.PointOf(region));
+        text += '}';
+        return;
+    }
+    const auto polygons = NestRings(*layer.Polygons->Item(region));
+    if (polygons.empty()) {
+        text += "null";
+        return;
+    }
+    text += "{\"type\":\"MultiPolygon\",\"coordinates\":[";
+    for (const NestedRings& rings : polygons) {
+        if (&rings != &polygons.front()) text += ',';
+        Append(text, rings);
+    }
+    text += "]}";
+}
+
+std::string Properties(const Layer& layer, std::ptrdiff_t region) {
     Json properties = Json::object();
     for (const ResultColumn& column : layer.Rows.Columns)
         properties[column.Name] =
             std::visit([region](const auto& values) { return Json(values(region)); }, column.Values);
-    return {{"type", "Feature"},
-            {"id", region},
-            {"properties", std::move(properties)},
-            {"geometry", Geometry(layer, region)}};
+    return properties.dump();
+}
+
+void AppendFeature(std::string& text, const Layer& layer, std::ptrdiff_t region) {
+    text += "{\"type\":\"Feature\",\"id\":" + std::to_string(region) +
+            ",\"properties\":" + Properties(layer, region) + ",\"geometry\":";
+    AppendGeometry(text, layer, region);
+    text += '}';
 }
 
 /// Readers of geographic data take the text of a .prj file as the name of a system.
@@ -67,9 +87,12 @@ std::string GeoJsonText(const Layer& layer) {
     std::string text = "{\n\"type\": \"FeatureCollection\",\n";
     if (HasOwnCrs(layer)) text += "\"crs\": " + Crs(layer.Projection).dump() + ",\n";
     text += "\"features\": [\n";
-    for (std::ptrdiff_t region = 1; region <= layer.Rows.RowCount; ++region)
-        text += Feature(layer, region).dump() + (region < layer.Rows.RowCount ? ",\n" : "\n");
-    return text + "]\n}\n";
+    for (std::ptrdiff_t region = 1; region <= layer.Rows.RowCount; ++region) {
+        AppendFeature(text, layer, region);
+        text += region < layer.Rows.RowCount ? ",\n" : "\n";
+    }
+    text += "]\n}\n";
+    return text;
 }
 
 } // namespace vastrel

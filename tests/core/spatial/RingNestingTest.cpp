@@ -73,6 +73,10 @@ TEST(RingNesting, LeavesAPartInTheBayOfAnotherOutside) {
     EXPECT_EQ(Nested({bay, Square(2, 3, 5)}).size(), 2U); // it fills the bay and shares three edges
 }
 
+TEST(RingNesting, TakesTheSameRingTwiceForTwoOuterRings) {
+    EXPECT_EQ(Nested({Square(0, 0, 1), Turned(Square(0, 0, 1))}).size(), 2U); // neither is the larger one
+}
+
 TEST(RingNesting, ClosesAnOpenRing) {
     const auto nested = Nested({{{0, 0}, {2, 0}, {0, 2}}});
     ASSERT_EQ(nested.size(), 1U);
