@@ -1,32 +1,11 @@
 #include "batch/LayerOptions.h"
 
 #include "batch/Command.h"
-#include "core/spatial/ShapefileFiles.h"
+#include "core/layer/SaveLayer.h"
 
-#include <filesystem>
 #include <iostream>
 
 namespace vastrel {
-
-namespace {
-
-/// Whether two paths are one file, by whatever name; or would be one.
-bool SameFile(const std::string& a, const std::string& b) {
-    std::error_code ignored;
-    return AbsolutePath(a) == AbsolutePath(b) || std::filesystem::equivalent(a, b, ignored);
-}
-
-/// An input and, of a shapefile, what goes with it; nothing where none is given.
-std::vector<std::string> FilesOfInput(const std::string& input) {
-    if (input.empty()) return {};
-    if (!IsLayerPath(input)) return {input};
-    auto files = FilesOfShapefile(AbsolutePath(input));
-    for (const std::string& file : PathsOfLayer(input)) // the projection among them
-        files.push_back(file);
-    return files;
-}
-
-} // namespace
 
 void LayerOptions::AddTo(CLI::App& command) {
     command.add_option("--layer", Layer, "the Regions with their results (.geojson or .shp)")
@@ -38,10 +17,8 @@ void LayerOptions::Check(const std::vector<std::string>& inputs) const {
     if (!Layer.empty() && !IsLayerPath(Layer)) throw WrongUse(Layer + " ends in none of: .geojson .shp");
     auto outputs = Layer.empty() ? std::vector<std::string>() : PathsOfLayer(Layer);
     if (!Table.empty()) outputs.push_back(Table);
-    for (const std::string& input : inputs)
-        for (const std::string& file : FilesOfInput(input))
-            for (const std::string& output : outputs)
-                if (SameFile(file, output)) throw WrongUse(output + " is an input.");
+    const std::string over = OutputOverInput(outputs, inputs);
+    if (!over.empty()) throw WrongUse(over + " is an input.");
 }
 
 void LayerOptions::RequireRoomFor(std::ptrdiff_t columns) const {

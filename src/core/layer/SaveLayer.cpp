@@ -1,0 +1,59 @@
+#include "core/layer/SaveLayer.h"
+
+#include "core/platform/NativePath.h"
+#include "core/platform/Platform.h"
+#include "core/spatial/ShapefileFiles.h"
+#include "core/text/OutputSet.h"
+
+#include <filesystem>
+
+namespace vastrel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Absolute(const std::string& path) {
+    return PathText(fs::absolute(NativePath(path)).lexically_normal());
+}
+
+bool SameFile(const std::string& a, const std::string& b) {
+    std::error_code ignored;
+    return Absolute(a) == Absolute(b) || fs::equivalent(NativePath(a), NativePath(b), ignored);
+}
+
+std::vector<std::string> FilesOfInput(const std::string& input) {
+    if (input.empty()) return {};
+    if (!IsLayerPath(input)) return {input};
+    auto files = FilesOfShapefile(Absolute(input));
+    for (const std::string& file : PathsOfLayer(input)) // the projection among them
+        files.push_back(file);
+    return files;
+}
+
+} // namespace
+
+std::string OutputOverInput(const std::vector<std::string>& outputs, const std::vector<std::string>& inputs) {
+    for (const std::string& input : inputs)
+        for (const std::string& file : FilesOfInput(input))
+            for (const std::string& output : outputs)
+                if (SameFile(file, output)) return output;
+    return "";
+}
+
+void SaveLayerAs(const Layer& layer, const std::vector<std::string>& inputs) {
+    const FileChoice choice = platform().ChooseFile({FileQuestion::Kind::Save, LayerFilter, ".geojson"});
+    if (choice.Cancelled || choice.Path.empty()) return;
+    if (!IsLayerPath(choice.Path)) return Warn("The name of a layer ends in .geojson or .shp.");
+    const std::string over = OutputOverInput(PathsOfLayer(choice.Path), inputs);
+    if (!over.empty()) return Warn(FileName(over) + " is part of the dataset.");
+    LayerFiles files = FilesOfLayer(choice.Path, layer);
+    OutputSet outputs;
+    for (FileBytes& file : files.Files)
+        outputs.Add(file.Path, std::move(file.Bytes));
+    outputs.Commit();
+    for (const std::string& note : files.Notes)
+        Tell(note);
+}
+
+} // namespace vastrel
