@@ -124,9 +124,8 @@ void CusumScreen::lstPeriod_Click() {
     ShowPeriodCaption(period);
     lstRegion->Clear();
     const CusumOutputs results = Results();
-    const auto labels = SignalLabels();
-    Signaled() = SignaledRegions(results.Cusum, labels.UpperBound(), period, ws.HValue);
-    lstRegion->AddItems(SignaledRows(results.Cusum, labels, period, Signaled()));
+    Signaled() = SignaledRegions(results.Cusum, SignalCount(), period, ws.HValue);
+    lstRegion->AddItems(SignaledRows(results.Cusum, SignalLabels(), period, Signaled()));
     PeriodSelected();
 }
 

@@ -61,9 +61,10 @@ protected:
     virtual void PeriodSelected() {}
     virtual void SelectNoPeriod() {}
 
-    /// The Regions that signal in a period, and the labels of those that the list goes through: all points,
-    /// and the polygons that have a record.
+    /// The Regions that signal in a period, how many Regions the list goes through (the points of the moment,
+    /// and the polygons that have a record), and their labels.
     virtual std::vector<std::ptrdiff_t>& Signaled() = 0;
+    virtual std::ptrdiff_t SignalCount() const = 0;
     virtual Array1<std::string> SignalLabels() = 0;
 
     /// A Region, counted from 1, is picked in lstRegion.

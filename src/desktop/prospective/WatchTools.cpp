@@ -93,7 +93,7 @@ bool WatchTools::Measure(double x, double y) {
 
 void WatchTools::SelectPoints(double x, double y) {
     if (!Measure(x, y)) return;
-    pointSelection_ = PointSelection(map_.View, circle_, map_.X, map_.Y, watch_->N);
+    pointSelection_ = PointSelection(map_.View, circle_, watch_->RegionX, watch_->RegionY, watch_->N);
     map_.DrawSelectedPoints(*picPoint, pointSelection_);
     DrawSelectCircle(*picPoint, circle_);
     lblDisplay->setText(QString::fromStdString("Radius: " + GeneralText(selectRadius_)));
@@ -101,8 +101,8 @@ void WatchTools::SelectPoints(double x, double y) {
 
 /// Only the Regions that are watched are asked: the ids file may have more points than there are z-scores.
 void WatchTools::Identify(double x, double y) {
-    const std::ptrdiff_t region =
-        NearestPoint(map_.View, x, y, FirstOf(map_.X, watch_->N), FirstOf(map_.Y, watch_->N));
+    const std::ptrdiff_t region = NearestPoint(map_.View, x, y, FirstOf(watch_->RegionX, watch_->N),
+                                               FirstOf(watch_->RegionY, watch_->N));
     actions_.Redraw();
     actions_.ShowRegion(region);
     const QString label = QString::fromStdString(watch_->RegionIDs(region));

@@ -209,6 +209,10 @@ std::vector<std::ptrdiff_t>& frmUnivariate::Signaled() {
     return ws.SignaledRegions;
 }
 
+std::ptrdiff_t frmUnivariate::SignalCount() const {
+    return AttributeTable().RecordCount();
+}
+
 Array1<std::string> frmUnivariate::SignalLabels() {
     return RecordLabels();
 }

@@ -42,6 +42,7 @@ protected:
     void PeriodSelected() override;
     void SelectNoPeriod() override;
     std::vector<std::ptrdiff_t>& Signaled() override;
+    std::ptrdiff_t SignalCount() const override;
     Array1<std::string> SignalLabels() override;
     void RegionPicked(std::ptrdiff_t region) override;
     std::ptrdiff_t ResultPeriods() const override;

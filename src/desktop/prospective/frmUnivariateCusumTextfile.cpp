@@ -98,8 +98,14 @@ void frmUnivariateCusumTextfile::StartOption_Click() {
     for (QWidget* part : {static_cast<QWidget*>(ui_->MSChart2), ui_->picEachRegionInfo,
                           static_cast<QWidget*>(ui_->lblDisplay)})
         part->hide();
-    for (auto* button : {ui_->cmdRun, ui_->cmdSaveResult, ui_->cmdSaveCusum})
-        button->setEnabled(false);
+    ui_->cmdRun->setEnabled(false);
+    DisableSave();
+}
+
+/// What was run before belongs to other files than those that are loaded now.
+void frmUnivariateCusumTextfile::DisableSave() {
+    ui_->cmdSaveResult->setEnabled(false);
+    ui_->cmdSaveCusum->setEnabled(false);
 }
 
 void frmUnivariateCusumTextfile::optFIR_Click() {
@@ -109,6 +115,7 @@ void frmUnivariateCusumTextfile::optFIR_Click() {
 void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
     const std::string path = ChooseTextFile();
     if (!LoadIDXY(watch_, path)) return;
+    DisableSave();
     ui_->txtIDXY->setText(QString::fromStdString(path));
     if (Start() == StartOption::Previous)
         EnableOldCusum(true);
@@ -119,6 +126,7 @@ void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
 void frmUnivariateCusumTextfile::cmdNewZScore_Click() {
     const std::string path = ChooseTextFile();
     if (!LoadNewZScore(watch_, path)) return;
+    DisableSave();
     ui_->txtNewZScore->setText(QString::fromStdString(path));
     ui_->cmdRun->setEnabled(true);
 }
@@ -126,14 +134,14 @@ void frmUnivariateCusumTextfile::cmdNewZScore_Click() {
 void frmUnivariateCusumTextfile::cmdOldCusum_Click() {
     const std::string path = ChooseTextFile();
     if (!LoadOldCusum(watch_, path)) return;
+    DisableSave();
     ui_->txtOldCusum->setText(QString::fromStdString(path));
     EnableNewZScore(true);
 }
 
 void frmUnivariateCusumTextfile::cmdRun_Click() {
     const int run = BeginLists();
-    map_.X = watch_.RegionX;
-    map_.Y = watch_.RegionY;
+    TakePoints();
     map_.DrawPlainPoints(*ui_->picPoint); // the study area is taken from these positions
     if (!TakeCusumParameters(Parameters())) return;
     if (Start() == StartOption::Previous)
@@ -185,8 +193,15 @@ void frmUnivariateCusumTextfile::AddPeriodRowTextfile(std::ptrdiff_t t) {
     AddPeriodRow(PeriodRow(t, results.MaxCusum(t), results.MaxRegion(t)));
 }
 
+/// The map has the points of the ids file that is loaded at the moment, whatever was run.
+void frmUnivariateCusumTextfile::TakePoints() {
+    map_.X = watch_.RegionX;
+    map_.Y = watch_.RegionY;
+}
+
 void frmUnivariateCusumTextfile::DrawCusumPoints(std::ptrdiff_t period) {
     currentPeriod_ = period;
+    TakePoints();
     const std::ptrdiff_t points = Start() == StartOption::None ? 0 : watch_.N; // none without an option
     map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, points, period, ws.HValue);
 }

@@ -31,6 +31,7 @@ protected:
     void SelectPeriod(std::ptrdiff_t period) override { selectedPointPeriod_ = period; }
     void PeriodSelected() override;
     std::vector<std::ptrdiff_t>& Signaled() override { return signaledRegions_; }
+    std::ptrdiff_t SignalCount() const override { return watch_.N; }
     Array1<std::string> SignalLabels() override { return Results().RegionLabel; }
     void RegionPicked(std::ptrdiff_t region) override;
     std::ptrdiff_t ResultPeriods() const override { return watch_.PeriodCount(Start()); }
@@ -52,9 +53,11 @@ private:
     void RunFromSaved(int run);
     bool Play(int run, std::ptrdiff_t saved);
 
+    void DisableSave();
     void EnableNewZScore(bool enabled);
     void EnableOldCusum(bool enabled);
     void AddPeriodRowTextfile(std::ptrdiff_t t);
+    void TakePoints();
     void DrawCusumPoints(std::ptrdiff_t period);
     void ShowRegion(std::ptrdiff_t region, std::ptrdiff_t period);
     void IdentifyRegion(std::ptrdiff_t region);

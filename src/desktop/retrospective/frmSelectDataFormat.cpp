@@ -32,7 +32,7 @@ void frmSelectDataFormat::cmdContinue_Click() {
                                                    : PointFormat::None;
     if (!LoadPointDataset(choice.Path, format)) return Warn(WrongPointFormat);
     Unload();
-    The<frmClusterDetectionTextfile>().EnableRun();
+    The<frmClusterDetectionTextfile>().TakeDataset();
 }
 
 } // namespace vastrel

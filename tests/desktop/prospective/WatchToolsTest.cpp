@@ -344,3 +344,16 @@ TEST_F(WatchToolsTest, BeginsAnewWithTheScreen) {
     RunFromStart();
     ExpectShown(1);
 }
+
+// The points are those of the ids file that is loaded at the moment, also for the run on show.
+TEST_F(WatchToolsTest, AsksThePointsOfANewIdsFile) {
+    RunFromStart();
+    Load("cmdFileOpenIDXY", Folder.Write("swapped.txt", "P,4,0\nQ,0,0\nR,0,3\n"));
+    Tool("optIdentify");
+    Hand.Click(Plot(2).x(), Plot(2).y()); // where B stood
+    EXPECT_EQ(Text(Screen, "lblDisplay"), "Selected Region: P");
+    EXPECT_TRUE(SignalIsAt(Plot(2)));
+    Tool("optZoomIn");
+    Hand.Click(5, 5);
+    EXPECT_TRUE(SignalIsAt(Plot(2, 1.15)));
+}

@@ -24,6 +24,8 @@ const std::vector<const char*> Chain{"cmdFileOpenIDXY", "cmdOldCusum",  "lblOldC
                                      "cmdNewZScore",    "lblNewZ",      "txtNewZScore", "cmdRun",
                                      "cmdSaveCusum",    "cmdSaveResult"};
 const Names OldCusum{"cmdOldCusum", "lblOldCusum", "txtOldCusum"};
+// What stands beside the button of the saved table is not disabled at load, as the button itself is.
+const Names AtLoad{"cmdFileOpenIDXY", "lblOldCusum", "txtOldCusum"};
 const Names NewZ{"cmdNewZScore", "lblNewZ", "txtNewZScore"};
 
 Names operator+(Names left, const Names& right) {
@@ -92,7 +94,8 @@ TEST_F(WatchScreen, StandsAsDesigned) {
                             {"cmdRun", "&Run"},
                             {"cmdSaveCusum", "&Save Cusum"},
                             {"cmdSaveResult", "&Save Result"}});
-    ExpectChain({"cmdFileOpenIDXY"});
+    EXPECT_FALSE(IsEnabled(Screen, "lblNewZ"));
+    ExpectChain({"cmdFileOpenIDXY", "lblOldCusum", "txtOldCusum", "txtNewZScore"});
     for (const char* option : {"optZero", "optFast"})
         EXPECT_TRUE(IsSelected(option)) << option;
     EXPECT_FALSE(IsEnabled(Screen, "optFIR"));
@@ -115,13 +118,13 @@ TEST_F(WatchScreen, StandsAsDesigned) {
 
 TEST_F(WatchScreen, OpensItsChainOfFilesStepByStep) {
     Load("cmdFileOpenIDXY", IDs());
-    ExpectChain(Names{"cmdFileOpenIDXY"} + NewZ);
+    ExpectChain(AtLoad + NewZ);
     EXPECT_EQ(Text(Screen, "txtIDXY"), Folder / "ids.txt");
     Load("cmdNewZScore", Z());
-    ExpectChain(Names{"cmdFileOpenIDXY"} + NewZ + Names{"cmdRun"});
+    ExpectChain(AtLoad + NewZ + Names{"cmdRun"});
     EXPECT_EQ(Text(Screen, "txtNewZScore"), Folder / "z.txt");
     Run();
-    ExpectChain(Names{"cmdFileOpenIDXY"} + NewZ + Names{"cmdRun", "cmdSaveCusum", "cmdSaveResult"});
+    ExpectChain(AtLoad + NewZ + Names{"cmdRun", "cmdSaveCusum", "cmdSaveResult"});
 
     Press(Screen, "optPre"); // starts the chain anew
     ExpectChain({"cmdFileOpenIDXY"});
@@ -135,6 +138,47 @@ TEST_F(WatchScreen, OpensItsChainOfFilesStepByStep) {
 
     Press(Screen, "optZero");
     ExpectChain({"cmdFileOpenIDXY"});
+}
+
+// What was run on some files is not saved beside another of them.
+TEST_F(WatchScreen, EndsSavingWithAnotherFileUntilItIsRun) {
+    const auto canSave = [this] {
+        return std::pair(IsEnabled(Screen, "cmdSaveResult"), IsEnabled(Screen, "cmdSaveCusum"));
+    };
+    const std::pair yes(true, true), no(false, false);
+    LoadForContinuation();
+    for (const auto& [button, path] :
+         {std::pair{"cmdFileOpenIDXY", IDs()}, {"cmdOldCusum", Saved()}, {"cmdNewZScore", Z()}}) {
+        Run();
+        EXPECT_EQ(canSave(), yes) << button;
+        Load(button, path);
+        EXPECT_EQ(canSave(), no) << button;
+        EXPECT_TRUE(IsEnabled(Screen, "cmdRun")) << button;
+    }
+    Run();
+    Script.ExpectFile(FileQuestion::Kind::Open, OpenFilter, ""); // a load that is refused changes nothing
+    Script.ExpectMessage("File name is not specified.");
+    Press(Screen, "cmdNewZScore");
+    EXPECT_EQ(canSave(), yes);
+}
+
+// Where another ids file is loaded over the results of a run, the map and the lists go by it at once.
+TEST_F(WatchScreen, ShowsTheRunOnShowAtThePointsOfANewIdsFile) {
+    LoadForStart();
+    Run();
+    const QImage before = Map();
+    Load("cmdFileOpenIDXY", Folder.Write("moved.txt", "A,0,0\nB,4,0\nC,4,3\n"));
+    EXPECT_EQ(Map(), before); // until it is drawn
+    Periods()->SetListIndex(3);
+    const QImage moved = Map();
+    Load("cmdFileOpenIDXY", IDs());
+    Periods()->SetListIndex(3);
+    EXPECT_NE(Map(), moved);
+    EXPECT_EQ(Regions()->ListCount(), 2); // A 2.5 and C 3.5 are above 2.2
+
+    Load("cmdFileOpenIDXY", Folder.Write("two.txt", "A,0,0\nB,4,3\n"));
+    Periods()->SetListIndex(3);
+    EXPECT_EQ(Rows(Regions()), Names{"    2.50 <---                 A"}); // through the two points alone
 }
 
 TEST_F(WatchScreen, StartsTheChainAnewWithEachStartOption) {
@@ -294,7 +338,7 @@ TEST_F(WatchScreen, RefusesParametersAndRunsAgain) {
         EXPECT_EQ(Regions()->ListCount(), 0) << box << text;
         EXPECT_FALSE(Script.BusyPointer());
         EXPECT_EQ(ws.HValue, 2.2); // of the last run
-        ExpectChain(Names{"cmdFileOpenIDXY"} + NewZ + Names{"cmdRun", "cmdSaveCusum", "cmdSaveResult"});
+        ExpectChain(AtLoad + NewZ + Names{"cmdRun", "cmdSaveCusum", "cmdSaveResult"});
         Type(Screen, box, before);
     }
     Run();
