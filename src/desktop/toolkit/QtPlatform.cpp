@@ -1,6 +1,7 @@
 #include "desktop/toolkit/QtPlatform.h"
 
 #include "core/platform/RunTimeError.h"
+#include "desktop/toolkit/InputGate.h"
 
 #include <QApplication>
 #include <QDir>
@@ -46,7 +47,15 @@ QString DialogFilter(const std::string& filter) {
 
 } // namespace
 
+QtPlatform::QtPlatform() : gate_(std::make_unique<InputGate>()) {}
+QtPlatform::~QtPlatform() = default;
+
+void QtPlatform::DropInput() {
+    gate_->DropPending();
+}
+
 void QtPlatform::ShowMessage(const Message& message) {
+    if (computes_) DropInput();
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(Text(message.Title));
     box.setText(Text(message.Text));
@@ -74,6 +83,8 @@ FileChoice QtPlatform::ChooseFile(const FileQuestion& question) {
 }
 
 void QtPlatform::SetBusyPointer(bool busy) {
+    if (!busy && computes_) DropInput();
+    computes_ = busy;
     if (busy == busy_) return;
     busy_ = busy;
     if (busy)
@@ -85,6 +96,8 @@ void QtPlatform::SetBusyPointer(bool busy) {
 void QtPlatform::Yield(long count) {
     // Events are served about once a millisecond of yields: more often would only burn the processor.
     constexpr long together = 100;
+    if (computes_) gate_->ServeWithoutInput();
+    computes_ = false;
     const auto start = std::chrono::steady_clock::now();
     for (long done = 0; done < count;) {
         QApplication::processEvents();
@@ -98,6 +111,7 @@ void QtPlatform::ReportRunTimeError(const RunTimeError& error) {
     report.Text = ReportText(error);
     report.Title = "Vastrel";
     ShowMessage(report);
+    computes_ = false; // the command has ended, the pointer stays
 }
 
 void QtPlatform::EndProcess(int status) {

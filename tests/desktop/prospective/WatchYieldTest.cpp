@@ -2,6 +2,8 @@
 #include "desktop/prospective/WatchScreen.h"
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 #include "desktop/toolkit/OptionButton.h"
+#include "desktop/toolkit/QtPlatform.h"
+#include "support/screens/PostedInput.h"
 
 #include <functional>
 #include <ostream>
@@ -225,4 +227,19 @@ TEST_F(WatchScreenTest, EndsAContinuedRunThatIsClosedWhileItPlays) {
     EXPECT_FALSE(Screen.IsLoaded());
     EXPECT_EQ(Script.YieldCalls(), 1);
     EXPECT_FALSE(Script.BusyPointer());
+}
+
+// What is clicked while the sums are computed is dropped; what is clicked while the periods play is served.
+TEST_F(WatchScreenTest, TakesNoInputBeforeItPlays) {
+    LoadForStart();
+    ServeEvents();
+    QtPlatform desktop;
+    SetPlatform(&desktop);
+    const int before = Screen.Generation();
+    PostClick(*The_<QAbstractButton>(Screen, "cmdRun"));
+    Run();
+    ServeEvents();
+    EXPECT_EQ(Screen.Generation(), before + 1);
+    EXPECT_EQ(Periods()->ListCount(), 2 + 4 + 1);
+    SetPlatform(&Script);
 }
