@@ -76,6 +76,7 @@ void RetroScreen::TakeControls() {
 }
 
 void RetroScreen::Form_Load() {
+    ForgetMaps();
     picEquation->LoadPicture(FormulaPicture(Variable()));
     ws.AlphaLevel = 0.05;
     cmdSave->setEnabled(false);
@@ -121,14 +122,27 @@ void RetroScreen::cmdRun_Click() {
     if (IsSingleSigma() ? RunSingle() : RunRange()) cmdSave->setEnabled(true);
 }
 
+void RetroScreen::ShowMap(Array1<double>& classValues, const Array1<double>& drawValues) {
+    ShowRetroMap(classValues, drawValues);
+    mapped_.insert(&classValues);
+}
+
+/// A run begins to fill the values of its variable's maps.
+void RetroScreen::ForgetMapsOfRun() {
+    mapped_.erase(&ws.DisplayClassValues);
+    if (MapsScore(Variable())) mapped_.erase(&ws.MapClassScore);
+    if (HasM(Variable())) mapped_.erase(&ws.MapClassM);
+}
+
 bool RetroScreen::RunSingle() {
     if (!TakeSingleSigma(txtSingleSigma->text().toStdString())) return false;
     platform().SetBusyPointer(true);
+    ForgetMapsOfRun();
     RunSingleProcedures(Variable());
     const ResultLists lists = FillLists(Variable(), rules_);
     lstGlobalPatternSummary->AddItems(lists.Global);
     lstLocalPatternSummary->AddItems(lists.Local);
-    ShowRetroMap(MapClassValues(Variable()), MapDrawValues(Variable()));
+    ShowMap(MapClassValues(Variable()), MapDrawValues(Variable()));
     platform().SetBusyPointer(false);
     ShowMLegend(!MapsScore(Variable()));
     ws.bRetroMapping = true;
@@ -143,6 +157,7 @@ SweepTexts RetroScreen::RangeTexts() const {
 
 bool RetroScreen::RunRange() {
     const bool ran = RunSweep(Variable(), RangeTexts(), rules_, [this](const std::string& row) {
+        ForgetMapsOfRun();
         lstGlobalPatternSummary->AddItem(row);
         lstGlobalPatternSummary->RepaintNow();
     });
@@ -157,11 +172,12 @@ void RetroScreen::lstGlobalPatternSummary_Click() {
     // Also after a single run, where this empties the two arrays and nothing else happens; it is meant so.
     ws.DisplayClassValues.ReDim(ws.NumRegion);
     ws.DisplayDrawValues.ReDim(ws.NumRegion);
+    mapped_.erase(&ws.DisplayClassValues);
     if (!optSpatialSigmaRange->Value()) return;
     const std::ptrdiff_t step = SweepStepOfRow(lstGlobalPatternSummary->ListIndex());
     if (step >= 0 && ws.StatisticTable.IsAllocated()) {
         SelectSweepStep(step);
-        ShowRetroMap(ws.DisplayClassValues, ws.DisplayDrawValues);
+        ShowMap(ws.DisplayClassValues, ws.DisplayDrawValues);
     } else {
         DrawPlain();
     }

@@ -4,6 +4,8 @@
 #include "core/workspace/Arrays.h"
 #include "desktop/toolkit/Screen.h"
 
+#include <set>
+
 class QLineEdit;
 class QPushButton;
 
@@ -50,6 +52,12 @@ protected:
 
     const RetroRules& Rules() const { return rules_; }
 
+    /// Whether a legend was built from these class values, and a map shown, since the run, the load or the
+    /// click that filled or emptied them last. Otherwise they are no map yet: those behind a run that ended
+    /// in a fault, say, or behind a sweep of which no step was picked.
+    bool IsMapped(const Array1<double>& classValues) const { return mapped_.contains(&classValues); }
+    void ForgetMaps() { mapped_.clear(); }
+
     OptionButton *optUnadjusted = nullptr, *optAdjusted_Generic = nullptr, *optStandard = nullptr,
                  *optRossi = nullptr;
     OptionButton *optSpatialSingleSigma = nullptr, *optSpatialSigmaRange = nullptr;
@@ -71,10 +79,13 @@ private:
     void lstGlobalPatternSummary_Click();
 
     SweepTexts RangeTexts() const;
+    void ShowMap(Array1<double>& classValues, const Array1<double>& drawValues);
+    void ForgetMapsOfRun();
     bool RunSingle();
     bool RunRange();
 
     const RetroRules& rules_;
+    std::set<const Array1<double>*> mapped_; // class values of the store
 };
 
 } // namespace vastrel

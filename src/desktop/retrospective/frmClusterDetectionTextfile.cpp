@@ -56,9 +56,11 @@ void frmClusterDetectionTextfile::Form_Load() {
     CloseChart();
 }
 
-void frmClusterDetectionTextfile::EnableRun() {
+void frmClusterDetectionTextfile::TakeDataset() {
     Load();
+    ForgetMaps();
     ui_->cmdRun->setEnabled(true);
+    ui_->cmdSave->setEnabled(false);
 }
 
 void frmClusterDetectionTextfile::ClearForRun() {
@@ -107,14 +109,15 @@ void frmClusterDetectionTextfile::CloseChart() {
         part->hide();
 }
 
-/// Draws the map anew by the options of the moment; plain points where the values of these options were never
-/// computed for the present points.
+/// Draws the map anew by the options of the moment; plain points where no map of these options was ever shown
+/// of the present points.
 void frmClusterDetectionTextfile::RedrawMap() {
+    auto& classValues = IsSingleSigma() ? MapClassValues(Variable()) : ws.DisplayClassValues;
     const auto& values = IsSingleSigma() ? MapDrawValues(Variable()) : ws.DisplayDrawValues;
-    if (values.UpperBound() != PointCount()) return DrawPlain();
+    if (!IsMapped(classValues) || values.UpperBound() != PointCount()) return DrawPlain();
     map_.TakeCentroids(PointCount());
     if (IsSingleSigma()) return map_.DrawStatisticPointsFrom(*ui_->picPoint, values);
-    ShowRetroMap(ws.DisplayClassValues, values);
+    ShowRetroMap(classValues, values);
 }
 
 void frmClusterDetectionTextfile::picPoint_MouseDown(double x, double y) {

@@ -20,8 +20,8 @@ public:
     frmClusterDetectionTextfile();
     ~frmClusterDetectionTextfile() override;
 
-    /// A point dataset has been loaded.
-    void EnableRun();
+    /// A point dataset has been loaded: it can be run, and what was run before can no longer be saved.
+    void TakeDataset();
 
 protected:
     void Form_Load() override;

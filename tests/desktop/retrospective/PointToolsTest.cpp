@@ -209,6 +209,77 @@ TEST_F(PointToolsTest, IdentifiesBeforeARunAndAfterARange) {
     EXPECT_TRUE(HasColours(picPoint.Picture()));
 }
 
+// Zeros that a fault leaves behind are no results, and neither are values without a legend of their own.
+TEST_F(PointToolsTest, DrawsPlainPointsAfterARunThatFaulted) {
+    const auto expectPlain = [this](const char* what) {
+        for (const char* tool : {"optZoomIn", "optZoomOut", "optFullExtent"}) {
+            Tool(tool);
+            Click({50, 60});
+            EXPECT_FALSE(HasColours(picPoint.Picture())) << what << ", " << tool;
+        }
+    };
+    Load(Folder.Write("e.txt", "A,0,0,4,5\nB,4,0,9,0\nC,0,3,2,4\nD,4,3,5,5\n"), "optObsExp");
+    Press(Screen, "optRossi");
+    Script.ExpectRunTimeError(11);
+    RunSingle("1");
+    expectPlain("the first run");
+
+    Press(Screen, "optStandard"); // which stands an expected count of 0
+    RunSingle("1");
+    EXPECT_TRUE(HasColours(picPoint.Picture()));
+    Press(Screen, "optRossi");
+    Script.ExpectRunTimeError(11);
+    Press(Screen, "cmdRun");
+    expectPlain("behind a good run");
+
+    Script.ExpectRunTimeError(11);
+    RunRange("1", "2", "1");
+    expectPlain("a range");
+
+    Press(Screen, "optAdjusted_Generic"); // stops before its own arrays are begun
+    Script.ExpectRunTimeError(11);
+    RunSingle("1");
+    expectPlain("before the arrays");
+    EXPECT_EQ(Script.Transcript().find("run-time error 9"), std::string::npos);
+}
+
+TEST_F(PointToolsTest, DrawsPlainPointsAfterARangeUntilAStepIsPicked) {
+    LoadFour();
+    RunRange("1", "2", "1");
+    const auto zoomed = [this] {
+        Tool("optFullExtent");
+        Click({50, 60});
+        return HasColours(picPoint.Picture());
+    };
+    EXPECT_FALSE(zoomed());
+    Global()->SetListIndex(2);
+    EXPECT_TRUE(zoomed());
+    Global()->SetListIndex(1); // dashes: the values are emptied
+    EXPECT_FALSE(zoomed());
+    Global()->SetListIndex(3);
+    EXPECT_TRUE(zoomed());
+    Press(Screen, "optSpatialSingleSigma"); // of which nothing was run
+    EXPECT_FALSE(zoomed());
+    RunSingle("1");
+    EXPECT_TRUE(zoomed());
+    Press(Screen, "optRossi");
+    EXPECT_FALSE(zoomed());
+    Press(Screen, "optUnadjusted"); // what was run stays what it was
+    EXPECT_TRUE(zoomed());
+}
+
+TEST_F(PointToolsTest, DrawsPlainPointsOfAnotherDatasetBehindAnOldRow) {
+    LoadFour();
+    RunRange("1", "2", "1");
+    Global()->SetListIndex(2);
+    LoadFour();
+    Global()->SetListIndex(2); // a row of the dataset before
+    Tool("optZoomIn");
+    Click({50, 60});
+    EXPECT_FALSE(HasColours(picPoint.Picture()));
+    EXPECT_EQ(Script.Transcript().find("run-time error"), std::string::npos);
+}
+
 TEST_F(PointToolsTest, BeginsAnewWithTheScreen) {
     LoadFour();
     RunSingle("1");

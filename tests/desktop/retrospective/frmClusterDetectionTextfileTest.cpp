@@ -1,11 +1,14 @@
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 
+#include "core/retrospective/PointDataset.h"
 #include "core/workspace/Workspace.h"
 #include "desktop/retrospective/PointScreen.h"
 #include "desktop/toolkit/ComboBox.h"
 #include "desktop/toolkit/PlotWidget.h"
+#include "desktop/toolkit/QtPlatform.h"
 #include "pictures/LineChart.h"
 #include "support/ProjectFolder.h"
+#include "support/screens/PostedInput.h"
 #include "support/screens/ScreenChecks.h"
 
 #include <QLabel>
@@ -126,6 +129,23 @@ TEST_F(PointScreen, EnablesItsButtonsByItsStates) {
     EXPECT_EQ(Buttons(), Enabled(true, true));
     Press(Screen, "optSpatialSingleSigma");
     EXPECT_EQ(Buttons(), Enabled(true, false));
+}
+
+// What was run on one file is not saved beside the ids and counts of another.
+TEST_F(PointScreen, EndsSavingWithAnotherDatasetUntilItIsRun) {
+    LoadFour();
+    RunSingle("1");
+    EXPECT_EQ(Buttons(), Enabled(true, true));
+    LoadFour();
+    EXPECT_EQ(Buttons(), Enabled(true, false));
+    RunSingle("1");
+    EXPECT_EQ(Buttons(), Enabled(true, true));
+    Press(Screen, "cmdLoadData"); // a load that is refused changes nothing
+    Press(Dialog, "optObsExp");
+    Script.ExpectFile(FileQuestion::Kind::Open, OpenFilter, Folder.Write("three.txt", "A,1,2\n"));
+    Script.ExpectMessage(WrongPointFormat);
+    Press(Dialog, "cmdContinue");
+    EXPECT_EQ(Buttons(), Enabled(true, true));
 }
 
 TEST_F(PointScreen, TakesAlphaFromItsListAlsoTheSameAgain) {
@@ -448,4 +468,37 @@ TEST_F(PointScreen, RunsOnEnterAndStaysAtEscape) {
     EXPECT_EQ(Local()->ListCount(), 8);
     Key(Screen, "txtSingleSigma", Qt::Key_Escape);
     EXPECT_TRUE(Screen.IsLoaded());
+}
+
+// What is clicked while a run computes is dropped: no second run, and the screen with its results stays.
+TEST_F(PointScreen, TakesNoInputWhileItComputes) {
+    LoadFour();
+    Press(Screen, "optSpatialSingleSigma");
+    Type(Screen, "txtSingleSigma", "1");
+    ServeEvents();
+    QtPlatform desktop;
+    SetPlatform(&desktop);
+    const int before = Screen.Generation();
+    const auto clickMeanwhile = [this] {
+        PostClick(*The_<QAbstractButton>(Screen, "cmdRun"));
+        PostClick(*The_<QAbstractButton>(Screen, "cmdExit"));
+    };
+    clickMeanwhile();
+    Press(Screen, "cmdRun");
+    ServeEvents();
+    EXPECT_EQ(Screen.Generation(), before + 1);
+    EXPECT_TRUE(Screen.IsLoaded());
+    EXPECT_EQ(Local()->ListCount(), 8);
+
+    Press(Screen, "optSpatialSigmaRange");
+    clickMeanwhile();
+    Press(Screen, "cmdRun");
+    ServeEvents();
+    EXPECT_EQ(Screen.Generation(), before + 2);
+    EXPECT_TRUE(Screen.IsLoaded());
+
+    clickMeanwhile(); // with nothing computing they are served: another run, and the end of the screen
+    ServeEvents();
+    EXPECT_FALSE(Screen.IsLoaded());
+    SetPlatform(&Script);
 }
