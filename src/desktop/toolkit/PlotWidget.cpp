@@ -55,6 +55,7 @@ void PlotWidget::EndPainting() {
 }
 
 QPainter& PlotWidget::Painter() {
+    Renew(); // a size whose event is still to come, as while a window is being maximised
     if (!painter_) painter_.emplace(&picture_);
     return *painter_;
 }

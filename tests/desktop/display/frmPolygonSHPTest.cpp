@@ -185,6 +185,20 @@ TEST_F(frmPolygonSHPTest, RedrawsWhatTheFlagsSayAtEachSize) {
     EXPECT_NE(shown, Outlines());
 }
 
+TEST_F(frmPolygonSHPTest, KeepsItsPrintedLegendMaximisedAndRestored) {
+    for (const char* variable : {"optUnadjusted", "optRossi"}) {
+        RunSingle(variable, "1");
+        const QImage legend = Print().copy(0, 0, 130, 200);
+        EXPECT_FALSE(IsWhite(legend));
+        MapWindow.Frame()->showMaximized();
+        QApplication::processEvents();
+        EXPECT_EQ(Print().copy(0, 0, 130, 200), legend) << variable << ", maximised";
+        MapWindow.Frame()->showNormal();
+        QApplication::processEvents();
+        EXPECT_EQ(Print().copy(0, 0, 130, 200), legend) << variable << ", restored";
+    }
+}
+
 // A resize paints the display arrays, which after an adjusted run hold its M values, in the classes of a
 // score.
 TEST_F(frmPolygonSHPTest, PaintsTheValuesOfTheDisplayArraysAtAResize) {

@@ -87,6 +87,20 @@ TEST_F(PlotWidgetTest, ShowsAFaultOfAHandlerAndGoesOn) {
     EXPECT_EQ(Events, "up 1 10,20\n");
 }
 
+// As in a window that is being maximised: the event of the new size comes behind the drawing.
+TEST(PlotWidgetSizeTest, KeepsWhatIsDrawnBeforeTheEventOfItsNewSize) {
+    PlotWidget surface;
+    surface.resize(200, 100);
+    surface.show();
+    surface.hide();
+    surface.resize(300, 100);
+    surface.SetFillStyle(FillStyle::Solid);
+    surface.SetFill(Colours::Red);
+    surface.Polygon({{200, 10}, {250, 10}, {250, 50}, {200, 50}});
+    surface.show();
+    EXPECT_EQ(surface.Picture().pixelColor(225, 30), QColor(255, 0, 0));
+}
+
 TEST(PlotWidgetSizeTest, StartsAWhitePictureWhenItsSizeChanges) {
     PlotWidget surface;
     surface.resize(200, 100);
