@@ -9,6 +9,7 @@
 #include "core/workspace/Sorting.h"
 
 #include <cmath>
+#include <functional>
 
 namespace vastrel {
 
@@ -25,6 +26,17 @@ void TakePart(int j) {
     std::ptrdiff_t k = 0;
     for (const CPoint& point : *ws.CurPart)
         ws.ShpPartPoints(++k) = {point.X, point.Y};
+}
+
+/// Runs what is to be done with one part; an error in it names Region and part.
+void AtPart(const char* name, std::ptrdiff_t i, int j, const std::function<void()>& compute) {
+    try {
+        RunProcedure(name, compute, [] {});
+    } catch (const RunTimeError& error) {
+        throw RunTimeError(error.Number(), error.Source(),
+                           error.Description() + "\nPart " + std::to_string(j) + " of Region " +
+                               std::to_string(i) + ".");
+    }
 }
 
 int LargestPartCount() {
@@ -49,28 +61,37 @@ void SumAreas() {
         TakePolygon(i);
         double regionSum = 0;
         for (int j = 1; j <= ws.CurPolygon->Count(); ++j) {
-            TakePart(j);
-            const double area = SignedRingArea(ws.ShpPartPoints);
-            ws.ShpPartArea(i, j).PartArea = std::fabs(area);
-            ws.ShpPartArea(i, j).RegionIndex = i;
-            regionSum += area;
+            AtPart("ComputeShapeAreas", i, j, [&] {
+                TakePart(j);
+                const double area = SignedRingArea(ws.ShpPartPoints);
+                ws.ShpPartArea(i, j).PartArea = std::fabs(area);
+                ws.ShpPartArea(i, j).RegionIndex = i;
+                regionSum += area;
+            });
         }
         ws.ShpPartArea(i, 1).RegionArea = std::fabs(regionSum); // error 9 where no Region has any part
         ws.TotalShapeArea += std::fabs(regionSum);
     }
 }
 
+/// Adds part j of the current polygon, which is Region i, to its centre.
+void AddPart(std::ptrdiff_t i, int j, PointXY& centre) {
+    TakePart(j);
+    const double area = ws.ShpPartArea(i, j).PartArea;
+    const PointXY part = RingCentroid(ws.ShpPartPoints, area);
+    if (ws.CurPolygon->Count() == 1) {
+        centre = part;
+        return;
+    }
+    const double regionArea = ws.ShpPartArea(i, 1).RegionArea;
+    centre.X += CheckedDiv(part.X * area, regionArea, "ComputeCentroids");
+    centre.Y += CheckedDiv(part.Y * area, regionArea, "ComputeCentroids");
+}
+
 PointXY RegionCentre(std::ptrdiff_t i) {
     PointXY centre;
-    for (int j = 1; j <= ws.CurPolygon->Count(); ++j) {
-        TakePart(j);
-        const double area = ws.ShpPartArea(i, j).PartArea;
-        const PointXY part = RingCentroid(ws.ShpPartPoints, area);
-        if (ws.CurPolygon->Count() == 1) return part;
-        const double regionArea = ws.ShpPartArea(i, 1).RegionArea;
-        centre.X += CheckedDiv(part.X * area, regionArea, "ComputeCentroids");
-        centre.Y += CheckedDiv(part.Y * area, regionArea, "ComputeCentroids");
-    }
+    for (int j = 1; j <= ws.CurPolygon->Count(); ++j)
+        AtPart("ComputeCentroids", i, j, [&] { AddPart(i, j, centre); });
     return centre;
 }
 
@@ -83,17 +104,23 @@ void FillCentroids() {
     }
 }
 
+/// Neither positions nor an area, of this dataset or of the one before, for a run to go on with.
+void DropPlaces() {
+    ws.RegionCentroid.Clear();
+    ws.TotalShapeArea = 0;
+}
+
 } // namespace
 
 void ComputeShapeAreas() {
     RunProcedure("ComputeShapeAreas", SumAreas, [] {
         ws.ShpPartArea.SetZero();
-        ws.TotalShapeArea = 0;
+        DropPlaces();
     });
 }
 
 void ComputeCentroids() {
-    RunProcedure("ComputeCentroids", FillCentroids, [] { ws.RegionCentroid.SetZero(); });
+    RunProcedure("ComputeCentroids", FillCentroids, DropPlaces);
 }
 
 } // namespace vastrel

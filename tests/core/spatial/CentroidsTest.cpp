@@ -1,6 +1,9 @@
 #include "core/spatial/Centroids.h"
 
+#include "core/export/ExportDataset.h"
 #include "core/platform/RunTimeError.h"
+#include "core/prospective/PolygonCusum.h"
+#include "core/retrospective/Weights.h"
 #include "core/spatial/CPolygon.h"
 #include "core/workspace/Workspace.h"
 #include "support/RaisedError.h"
@@ -102,9 +105,38 @@ TEST_F(Centroids, StopAtAPartOfZeroArea) {
     AddRegion({ClockwiseSquare(0, 0, 1)});
     AddRegion({{{0, 0}, {1, 1}, {0, 0}}});
     ComputeShapeAreas();
-    EXPECT_EQ(ErrorNumberOf(ComputeCentroids), DivisionByZero);
-    EXPECT_EQ(ws.RegionCentroid(1), RegionPoint{});
-    EXPECT_EQ(ws.TotalShapeArea, 1);
+    ws.RegionCentroid.ReDim(2); // of a dataset before
+    EXPECT_EQ(ErrorOf(ComputeCentroids).Description, "Division by zero\nPart 1 of Region 2.");
+    EXPECT_FALSE(ws.RegionCentroid.IsAllocated());
+    EXPECT_EQ(ws.TotalShapeArea, 0);
+}
+
+// Whatever needs positions or area stops: none of them is left, of this dataset or of the one before.
+TEST_F(Centroids, LeaveNothingBehindAFault) {
+    const Ring flat{{0, 0}, {1, 1}, {0, 0}};
+    AddRegion({ClockwiseSquare(0, 0, 1), ClockwiseSquare(3, 0, 1)});
+    Compute();
+    AddRegion({ClockwiseSquare(0, 0, 1), flat});
+    ComputeShapeAreas();
+    EXPECT_EQ(ErrorOf(ComputeCentroids).Description, "Division by zero\nPart 2 of Region 2.");
+    EXPECT_EQ(ws.TotalShapeArea, 0);
+    ws.ObsCount = ws.ExpCount = ws.ExpRatio = Array1<double>(2);
+    ws.CurrentSigma = 1;
+    for (auto* build : {BuildMWeights, BuildScoreWeights})
+        EXPECT_EQ(ErrorNumberOf(build), SubscriptOutOfRange);
+    ws.RunPeriodCount = 1;
+    Table<double> z(2, 1);
+    EXPECT_EQ(ErrorNumberOf([&] { RunPolygonCusum(z, StartOption::Zero, Array1<std::string>(2)); }),
+              SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf(BuildExportWeights), SubscriptOutOfRange);
+
+    ws = Workspace{};
+    AddRegion({ClockwiseSquare(0, 0, 1)});
+    Compute();
+    AddRegion({ClockwiseSquare(0, 0, 1), ClockwiseSquare(0, 0, 1e200)});
+    EXPECT_EQ(ErrorOf(ComputeShapeAreas).Description, "Overflow\nPart 2 of Region 2.");
+    EXPECT_FALSE(ws.RegionCentroid.IsAllocated());
+    EXPECT_EQ(ws.TotalShapeArea, 0);
 }
 
 TEST_F(Centroids, StopAtPartsThatCancel) {
@@ -161,8 +193,7 @@ TEST_F(Centroids, NeedAsManyPolygonsAsRegions) {
     ws.NumRegion = 2; // as after the open of a point shapefile
     EXPECT_EQ(ErrorNumberOf(ComputeShapeAreas), SubscriptOutOfRange);
     EXPECT_EQ(ErrorNumberOf(ComputeCentroids), SubscriptOutOfRange);
-    EXPECT_EQ(ws.RegionCentroid.UpperBound(), 2);
-    EXPECT_EQ(ws.RegionCentroid(2), RegionPoint{});
+    EXPECT_FALSE(ws.RegionCentroid.IsAllocated());
 }
 
 TEST_F(Centroids, OfNoRegionsAreNone) {
