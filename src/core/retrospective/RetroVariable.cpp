@@ -49,11 +49,12 @@ void PrepareRun(RetroVariable variable) {
     Release({&Workspace::WeightM, &Workspace::WeightUnadjusted, &Workspace::WeightAdjusted,
              &Workspace::ScoreGramPlain, &Workspace::ScoreGramAdjusted});
     TakePointCount();
-    RequireMemoryForTables(MapsScore(variable) ? TablesOfScoreWeights : TablesOfMWeights, "cmdRun");
+    RequireMemoryForTables(TablesOfRun(MapsScore(variable)), 0);
 }
 
-void RunSingleProcedures(RetroVariable variable) {
-    PrepareRun(variable);
+namespace {
+
+void RunProcedures(RetroVariable variable) {
     switch (variable) {
     case RetroVariable::Unadjusted:
         return RunUnadjusted();
@@ -67,9 +68,15 @@ void RunSingleProcedures(RetroVariable variable) {
     }
 }
 
-void RunSweepProcedures(RetroVariable variable) {
-    if (variable != RetroVariable::AdjustedPoisson) return RunSingleProcedures(variable);
+} // namespace
+
+void RunSingleProcedures(RetroVariable variable) {
     PrepareRun(variable);
+    RunProcedures(variable);
+}
+
+void RunSweepProcedures(RetroVariable variable) {
+    if (variable != RetroVariable::AdjustedPoisson) return RunProcedures(variable);
     RunM(MTransformPearson);
     RunAdjustedScore();
 }

@@ -1,10 +1,10 @@
 #include "core/retrospective/Sweep.h"
 
-#include "core/numeric/Memory.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/MStatistic.h"
 #include "core/retrospective/PValues.h"
 #include "core/retrospective/ResultLists.h"
+#include "core/retrospective/Weights.h"
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"
 
@@ -15,14 +15,15 @@ namespace {
 constexpr int DashCount = 50;
 constexpr std::ptrdiff_t TitleRows = 2;
 
+double BytesOfStatisticTable() {
+    return (ws.NumRegion + 1.0) * (ws.BandwidthCount + 1.0) * sizeof(double);
+}
+
 void Allocate() {
     const std::ptrdiff_t steps = ws.BandwidthCount;
     for (auto* values : {&ws.BandwidthList, &ws.SweepStat, &ws.SweepChi, &ws.SweepChiCritical, &ws.SweepDF,
                          &ws.SweepPValue, &ws.SweepMaxM, &ws.SweepMCritical})
         values->ReDim(steps);
-    ws.StatisticTable.Clear();
-    RequireMemory(static_cast<double>(ws.NumRegion + 1) * static_cast<double>(steps + 1) * sizeof(double),
-                  "RunSweep");
     ws.StatisticTable.ReDim(ws.NumRegion, steps);
 }
 
@@ -96,7 +97,9 @@ bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules&
     ws.BandwidthCount = SweepStepCount(range);
     if (ws.CurrentSigma == 0) ws.CurrentSigma = SigmaForZero;
     if (rules.TakesNumTextRegion) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
+    ws.StatisticTable.Clear();
     PrepareRun(variable);
+    RequireMemoryForTables(TablesOfRun(MapsScore(variable)), BytesOfStatisticTable());
     Allocate();
     platform().SetBusyPointer(true);
 

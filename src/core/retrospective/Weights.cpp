@@ -23,9 +23,10 @@ void TakePointDataset() {
     ws.TotalShapeArea = PointStudyArea();
 }
 
-void RequireMemoryForTables(int tables, const char* source) {
+void RequireMemoryForTables(int tables, double further) {
     const double n = Counter16(ws.NumRegion);
-    RequireMemory((n + 1) * (n + 1) * sizeof(double) * tables, source);
+    const double held = static_cast<double>(ws.Distances.Squared.UpperBound() + 1);
+    RequireMemory(((n + 1) * (n + 1) * tables - held) * sizeof(double) + further, "cmdRun");
 }
 
 namespace {
@@ -79,8 +80,7 @@ void ZeroScoreWeights() {
 void BuildScoreWeights() {
     ClearScoreWeights();
     TakePointDataset();
-    RequireMemoryForTables(TablesOfScoreWeights, "BuildScoreWeights");
-    const std::ptrdiff_t n = ws.NumRegion;
+    const std::ptrdiff_t n = Counter16(ws.NumRegion);
     for (auto* table : WeightTables())
         table->ReDim(n, n);
     for (auto* table : GramTables())
@@ -93,8 +93,7 @@ void BuildScoreWeights() {
 void BuildMWeights() {
     ws.WeightM.Clear();
     TakePointDataset();
-    RequireMemoryForTables(TablesOfMWeights, "BuildMWeights");
-    const std::ptrdiff_t n = ws.NumRegion;
+    const std::ptrdiff_t n = Counter16(ws.NumRegion);
     ws.WeightM.ReDim(n, n);
     if (n == 0) return;
     RunProcedure(

@@ -6,9 +6,9 @@ namespace vastrel {
 /// ScoreGramPlain and ScoreGramAdjusted. Needs RegionCentroid, ExpCount and ExpRatio.
 ///
 /// For a point dataset NumRegion and TotalShapeArea are taken first, from NumTextRegion and PointStudyArea.
-/// Run-time errors: 6 for more Regions than a 16-bit counter holds, 7 where the matrices would not fit in
-/// memory, and the arithmetic faults: a study area of 0 with a pair of Regions, an expected count or share of
-/// 0 or below. After an error the matrices stand at zero.
+/// Run-time errors: 6 for more Regions than a 16-bit counter holds, and the arithmetic faults: a study area
+/// of 0 with a pair of Regions, an expected count or share of 0 or below. After an error the matrices stand
+/// at zero.
 void BuildScoreWeights();
 
 /// The row-normalised kernel of the M statistic, WeightM. Needs RegionCentroid; the first step and the errors
@@ -26,8 +26,13 @@ void TakePointCount();
 constexpr int TablesOfScoreWeights = 5;
 constexpr int TablesOfMWeights = 2;
 
-/// Run-time error 7 where tables of N x N doubles would not fit in memory, 6 for more Regions than a 16-bit
-/// counter holds.
-void RequireMemoryForTables(int tables, const char* source);
+constexpr int TablesOfRun(bool score) {
+    return score ? TablesOfScoreWeights : TablesOfMWeights;
+}
+
+/// Run-time error 7 where tables of N x N doubles, and `further` bytes beside them, would not fit in memory,
+/// less the distances that are kept already; 6 for more Regions than a 16-bit counter holds. To be asked
+/// once, before a run or a sweep.
+void RequireMemoryForTables(int tables, double further);
 
 } // namespace vastrel

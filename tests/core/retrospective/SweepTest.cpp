@@ -1,5 +1,7 @@
 #include "core/retrospective/Sweep.h"
 
+#include "core/numeric/Memory.h"
+#include "core/platform/RunTimeError.h"
 #include "core/retrospective/PValues.h"
 #include "core/workspace/Workspace.h"
 #include "support/RaisedError.h"
@@ -232,4 +234,34 @@ TEST(Sweep, TakesTheCountOfAPointDatasetAndItsShortLabels) {
     Sweep(RetroVariable::Rossi, {"0.5", "1", "0.25"}, PointRules());
     EXPECT_EQ(ws.NumRegion, 5);
     EXPECT_EQ(ws.ChartLabels, (Rows{"0.50", "0.75", "1.00"}));
+}
+
+// A machine that has just what a sweep needs, and has less of it once the distances are kept.
+TEST(Sweep, AsksForItsMemoryBeforeItStartsAndLessWhatItHolds) {
+    ScriptedPlatform platform;
+    TakeThree();
+    constexpr std::uint64_t table = 4 * 4 * 8, statisticTable = 4 * 3 * 8; // of three Regions and two steps
+    std::uint64_t all = 5 * table + statisticTable;
+    int asked = 0, askedBefore = 0;
+    ForceAvailableMemory([&] {
+        ++asked;
+        return all - 8 * static_cast<std::uint64_t>(ws.Distances.Squared.UpperBound() + 1);
+    });
+    RunSweep(RetroVariable::AdjustedPoisson, {"1", "2", "1"}, PolygonRules(), [&](const std::string&) {
+        if (askedBefore == 0) askedBefore = asked;
+    });
+    EXPECT_EQ(ws.Distances.Squared.UpperBound() + 1, 3);
+    EXPECT_EQ(asked, askedBefore);                          // not in the middle
+    Sweep(RetroVariable::AdjustedPoisson, {"1", "2", "1"}); // a second one is not refused
+    all = 5 * table + statisticTable - 1;
+    EXPECT_EQ(ErrorNumberOf([] {
+                  RunSweep(RetroVariable::Unadjusted, {"1", "2", "1"}, PolygonRules(), {});
+              }),
+              OutOfMemory);
+    all = 2 * table;
+    RunSingleProcedures(RetroVariable::Rossi);
+    RunSingleProcedures(RetroVariable::Rossi);
+    all = 2 * table - 1;
+    EXPECT_EQ(ErrorNumberOf([] { RunSingleProcedures(RetroVariable::Rossi); }), OutOfMemory);
+    ForceAvailableMemory({});
 }
