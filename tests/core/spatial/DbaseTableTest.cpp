@@ -2,6 +2,7 @@
 // plain message, after which it goes on.
 #include "core/spatial/DbaseTable.h"
 
+#include "core/numeric/Memory.h"
 #include "core/platform/RunTimeError.h"
 #include "core/spatial/Recordset.h"
 #include "support/RaisedError.h"
@@ -108,4 +109,25 @@ TEST(DbaseTable, TellsAPersonWhichFileAndWhatToDo) {
                   " is cut off: its header tells 9 rows, and there are 2. Restore the file "
                   "from its source.");
     EXPECT_EQ(ErrorNumberOf([&] { Recordset{folder.Path()}; }), PathFileAccessError);
+}
+
+// The table is a picture of the file at its open: what another program does to it later is not seen.
+TEST(DbaseTable, KeepsItsRowsWhateverBecomesOfTheFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("t.dbf", Sound);
+    Recordset table(path);
+    folder.Write("t.dbf", TableBytes({{"OTHER", 'C', 30}}, {{"nothing of the kind"}}));
+    EXPECT_EQ(table.GetString(), "1\tAshe\r2\tSurry");
+    folder.Write("t.dbf", "");
+    table.MoveFirst();
+    EXPECT_EQ(table.GetString(), "1\tAshe\r2\tSurry");
+}
+
+TEST(DbaseTable, IsRefusedBeyondTheMemory) {
+    const TemporaryFolder folder;
+    ForceAvailableMemory([] { return 2 * OneRow - 1; });
+    EXPECT_EQ(ReadAll(folder, Sound).Number, OutOfMemory);
+    ForceAvailableMemory([] { return 2 * OneRow; });
+    EXPECT_EQ(ReadAll(folder, Sound).Number, 0);
+    ForceAvailableMemory({});
 }
