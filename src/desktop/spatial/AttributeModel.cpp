@@ -1,7 +1,5 @@
 #include "desktop/spatial/AttributeModel.h"
 
-#include "core/platform/RunTimeError.h"
-
 namespace vastrel {
 
 void AttributeModel::Show(std::shared_ptr<Recordset> table) {
@@ -19,12 +17,8 @@ int AttributeModel::columnCount(const QModelIndex& parent) const {
 }
 
 QString AttributeModel::Cell(int row, int column) const {
-    try {
-        const FieldValue value = table_->ValueAt(row, column);
-        return value.IsNull() ? QString() : QString::fromStdString(value.Text());
-    } catch (const RunTimeError& error) { // a painting is no place for a report
-        return QString::fromStdString(error.Description()).section('\n', 0, 0);
-    }
+    const FieldValue value = table_->ValueAt(row, column);
+    return value.IsNull() ? QString() : QString::fromStdString(value.Text());
 }
 
 QVariant AttributeModel::data(const QModelIndex& index, int role) const {

@@ -9,8 +9,8 @@
 namespace vastrel {
 
 /// The rows of an attribute table for a grid. Cells are read from the table as they are painted, so that a
-/// large table is shown at once, and the table's current row stays where it is. A null is an empty cell; a
-/// value that cannot be read shows why.
+/// large table is shown at once, and the table's current row stays where it is. A null is an empty cell.
+/// Every value can be read: a table with one that cannot is not shown.
 class AttributeModel : public QAbstractTableModel {
     Q_OBJECT
 

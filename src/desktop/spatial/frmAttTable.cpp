@@ -11,6 +11,17 @@
 
 namespace vastrel {
 
+namespace {
+
+/// Reads every number once; all other values can be read.
+void CheckValues(Recordset& table) {
+    for (int k = 0; k < table.FieldCount(); ++k)
+        for (int row = 0; IsNumberType(table.Fields(k).Type()) && row < table.RecordCount(); ++row)
+            table.ValueAt(row, k);
+}
+
+} // namespace
+
 frmAttTable::frmAttTable()
     : Screen(Kind::Child), ui_(std::make_unique<Ui::frmAttTable>()), grid_(new AttributeModel(this)) {
     ui_->setupUi(this);
@@ -42,6 +53,7 @@ void frmAttTable::Fill() {
     try {
         AttributeTable().MoveFirst();
         if (ws.DbfFilePath.find_first_not_of(' ') == std::string::npos) return;
+        CheckValues(AttributeTable());
         grid_->Show(ws.AttributeRecordset);
         FitColumns();
     } catch (const RunTimeError& error) {

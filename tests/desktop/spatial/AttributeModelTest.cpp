@@ -68,14 +68,6 @@ TEST(AttributeModel, LeavesTheCurrentRowOfTheTable) {
     EXPECT_TRUE(AttributeTable().EndOfFile());
 }
 
-TEST(AttributeModel, ShowsWhyAValueCannotBeRead) {
-    const TemporaryFolder folder;
-    OpenTable(folder, {{"BIG", 'F', 8}}, {{"1e+999"}}, 1);
-    AttributeModel model;
-    model.Show(ws.AttributeRecordset);
-    EXPECT_EQ(Shown(model, 0, 0), "Overflow");
-}
-
 TEST(AttributeModel, ReadsNoMoreOfALargeTableThanIsSeen) {
     const TemporaryFolder folder;
     constexpr int rows = 5000, columnCount = 100;

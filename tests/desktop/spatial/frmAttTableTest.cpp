@@ -78,6 +78,20 @@ TEST_F(AttTableTest, TellsWhyItCannotBeFilled) {
     EXPECT_EQ(Cells()->model()->rowCount(), 0);
 }
 
+TEST_F(AttTableTest, StaysEmptyWhereACellCannotBeReadAndTellsWhy) {
+    OpenAs("t.dbf", {{"KEY", 'C', 4}, {"BIG", 'F', 8}}, {{"a", "1"}, {"b", "1e+999"}, {"c", "2"}});
+    for (int load = 0; load < 2; ++load) {
+        Script.ExpectMessage("Overflow\nRow 2, column BIG of t.dbf.", "Vastrel", Message::Icon::Plain);
+        Grid.Show();
+        EXPECT_EQ(Grid.windowTitle(), "t.dbf");
+        EXPECT_EQ(Cells()->model()->rowCount(), 0);
+        Grid.Unload();
+    }
+    OpenAs("two.dbf", {{"ID", 'N', 4}}, {{"7"}});
+    Grid.Show();
+    EXPECT_EQ(Cell(0, 0), "7");
+}
+
 TEST_F(AttTableTest, ShowsEveryNameOnOneLine) {
     const std::string longName = "Altenkirchen (Westerwald)";
     std::vector<std::vector<std::string>> rows(400, {"Trier", "1"});
