@@ -257,7 +257,10 @@ class Prospective:
             self.both_ids += [""] * (data.n - data.table.rows)
         self.labels = ids if self.from_file else self.both_ids
         self.saved = previous or []
-        self.run(filtered(data, self.sigma, z), self.saved[-1] if self.saved else [0.0] * data.n)
+        smoothed = filtered(data, self.sigma, z)
+        if not self.from_file and data.table.rows < data.n:
+            raise RunTimeStop(3021)  # no record for the label of a Region
+        self.run(smoothed, self.saved[-1] if self.saved else [0.0] * data.n)
         self.both = previous is not None and ask.get("show") == "both"
 
     def run(self, periods, start):

@@ -79,11 +79,12 @@ Array1<std::string> RecordLabels() {
 
 Array1<std::string> RunLabels(ZSource source) {
     if (source == ZSource::Text) return ws.CusumRegionIDs;
-    const Array1<std::string> ofRecords = RecordLabels();
-    Array1<std::string> labels(ws.NumRegion);
-    for (std::ptrdiff_t i = 1; i <= ofRecords.UpperBound(); ++i)
-        labels(i) = ofRecords(i);
-    return labels;
+    const int records = AttributeTable().RecordCount();
+    if (records != ws.NumRegion)
+        RaiseCustomary(records < ws.NumRegion ? NoCurrentRecord : SubscriptOutOfRange, "RunLabels",
+                       ws.DbfTableName + " has " + std::to_string(records) + " rows for " +
+                           std::to_string(ws.NumRegion) + " Regions.");
+    return RecordLabels();
 }
 
 } // namespace vastrel

@@ -34,7 +34,8 @@ void ReadFieldZScores(Table<double>& z);
 Array1<std::string> RecordLabels();
 
 /// The labels of the Regions in a run: those of the records with columns, the primary ids alone with a text
-/// file. Regions without a record have none. Run-time errors: 9 for more records than Regions, 94 for a null.
+/// file, where Regions without a record have none. Run-time errors with columns: 3021 for fewer records than
+/// Regions, 9 for more, 94 for a null.
 Array1<std::string> RunLabels(ZSource source);
 
 } // namespace vastrel

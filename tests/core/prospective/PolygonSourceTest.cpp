@@ -152,7 +152,9 @@ TEST_F(PolygonSource, GoesByTheRecordsNotByTheRegions) {
     EXPECT_EQ(RowsOfZ(), "15 20;60 -60;-10 20;0 0;");
     ws.CusumPrimaryField = "NAME";
     EXPECT_EQ(Labels(RecordLabels()), "A;B;C;");
-    EXPECT_EQ(Labels(RunLabels(ZSource::Fields)), "A;B;C;;");
+    EXPECT_EQ(ErrorNumberOf([] { RunLabels(ZSource::Fields); }), NoCurrentRecord);
+    ws.CusumRegionIDs.ReDim(4);
+    EXPECT_EQ(Labels(RunLabels(ZSource::Text)), ";;;;"); // with a file no record is asked
 
     Open(2); // a record without a Region
     Choose(2, 3);

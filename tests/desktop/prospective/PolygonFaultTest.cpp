@@ -138,3 +138,13 @@ TEST_F(PolygonFaultTest, AShapefileRemovedInsideARun) {
     EXPECT_FALSE(Screen.IsLoaded() || Graph.IsLoaded());
     std::filesystem::rename(hidden, path);
 }
+
+// The labels of a run from columns are those of the records, one for each Region.
+TEST_F(PolygonFaultTest, ATableWithFewerRowsThanShapes) {
+    Open("NAME", "", 2);
+    Pick(2, 4);
+    Script.ExpectRunTimeError(3021);
+    Run();
+    ExpectStopped();
+    ExpectEmptyTables(3);
+}
