@@ -49,8 +49,6 @@ bool InputGate::KeepsOut(QEvent* event) {
     case QEvent::Wheel:
     case QEvent::ContextMenu:
         return closed;
-    case QEvent::Close:
-        return closed && event->spontaneous(); // by the window manager
     default:
         return false;
     }

@@ -250,7 +250,7 @@ TEST(Sweep, AsksForItsMemoryBeforeItStartsAndLessWhatItHolds) {
     RunSweep(RetroVariable::AdjustedPoisson, {"1", "2", "1"}, PolygonRules(), [&](const std::string&) {
         if (askedBefore == 0) askedBefore = asked;
     });
-    EXPECT_EQ(ws.Distances.Squared.UpperBound() + 1, 3);
+    EXPECT_EQ(ws.Distances.Squared.UpperBound() + 1, 4);
     EXPECT_EQ(asked, askedBefore);                          // not in the middle
     Sweep(RetroVariable::AdjustedPoisson, {"1", "2", "1"}); // a second one is not refused
     all = 5 * table + statisticTable - 1;

@@ -95,7 +95,7 @@ TEST_F(WatchScreen, StandsAsDesigned) {
                             {"cmdSaveCusum", "&Save Cusum"},
                             {"cmdSaveResult", "&Save Result"}});
     EXPECT_FALSE(IsEnabled(Screen, "lblNewZ"));
-    ExpectChain({"cmdFileOpenIDXY", "lblOldCusum", "txtOldCusum", "txtNewZScore"});
+    ExpectChain(AtLoad + Names{"txtNewZScore"});
     for (const char* option : {"optZero", "optFast"})
         EXPECT_TRUE(IsSelected(option)) << option;
     EXPECT_FALSE(IsEnabled(Screen, "optFIR"));
@@ -367,7 +367,7 @@ TEST_F(WatchScreen, StaysWhereAFileIsRefused) {
     stopped("cmdFileOpenIDXY", "id,x,y\nA,1,2\n", 13);
     stopped("cmdFileOpenIDXY", "A,1,2\nB,1\n", 9);
     stopped("cmdFileOpenIDXY", "A,1,2\n\n", 9);
-    ExpectChain({"cmdFileOpenIDXY"});
+    ExpectChain(AtLoad + Names{"txtNewZScore"});
     EXPECT_EQ(Text(Screen, "txtIDXY"), "");
     Load("cmdFileOpenIDXY", IDs());
 
@@ -378,7 +378,7 @@ TEST_F(WatchScreen, StaysWhereAFileIsRefused) {
             "There is missing value in row 2 and column 3 in the dataset.");
     stopped("cmdNewZScore", "1,2\n1,x\n", 13);
     stopped("cmdNewZScore", "1,2\n1\n", 9);
-    ExpectChain(Names{"cmdFileOpenIDXY"} + NewZ);
+    ExpectChain(AtLoad + NewZ);
     EXPECT_EQ(Text(Screen, "txtNewZScore"), "");
     Load("cmdNewZScore", Z());
     Run();
@@ -406,7 +406,7 @@ TEST_F(WatchScreen, StopsAtMoreZScoreLinesThanIdsWithThePointerBusyAndRunsAgain)
     EXPECT_EQ(Rows(Periods()), (Names{Title, Dashes}));
     EXPECT_EQ(Regions()->ListCount(), 0);
     EXPECT_EQ(Script.YieldCalls(), 0);
-    ExpectChain(Names{"cmdFileOpenIDXY"} + NewZ + Names{"cmdRun"});
+    ExpectChain(AtLoad + NewZ + Names{"cmdRun"});
     Load("cmdNewZScore", Z());
     Run();
     EXPECT_FALSE(Script.BusyPointer());
@@ -513,7 +513,7 @@ TEST_F(WatchScreen, GoesAndComesBackAsNew) {
     Screen.Frame()->close();
     EXPECT_FALSE(Screen.IsLoaded());
     Command("mnuOpenTextPro");
-    ExpectChain({"cmdFileOpenIDXY"});
+    ExpectChain(AtLoad + Names{"txtNewZScore"});
     EXPECT_TRUE(IsSelected("optZero"));
     EXPECT_EQ(Text(Screen, "txtHvalue"), "9.3");
     EXPECT_EQ(Text(Screen, "txtIDXY"), "");

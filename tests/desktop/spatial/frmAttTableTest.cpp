@@ -81,7 +81,8 @@ TEST_F(AttTableTest, TellsWhyItCannotBeFilled) {
 TEST_F(AttTableTest, StaysEmptyWhereACellCannotBeReadAndTellsWhy) {
     OpenAs("t.dbf", {{"KEY", 'C', 4}, {"BIG", 'F', 8}}, {{"a", "1"}, {"b", "1e+999"}, {"c", "2"}});
     for (int load = 0; load < 2; ++load) {
-        Script.ExpectMessage("Overflow\nRow 2, column BIG of t.dbf.", "Vastrel", Message::Icon::Plain);
+        Script.ExpectMessage("Overflow\nthe number is too large.\nRow 2, column BIG of data.dbf.", "Vastrel",
+                             Message::Icon::Plain);
         Grid.Show();
         EXPECT_EQ(Grid.windowTitle(), "t.dbf");
         EXPECT_EQ(Cells()->model()->rowCount(), 0);

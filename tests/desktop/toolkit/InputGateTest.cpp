@@ -33,6 +33,7 @@ protected:
         for (QWidget* part : std::initializer_list<QWidget*>{&Button, &Edit, &Picture})
             layout->addWidget(part);
         QObject::connect(&Button, &QPushButton::clicked, [this] { ++Clicks; });
+        Button.setFocusPolicy(Qt::NoFocus); // so that the keys go on to the line
         Window.resize(300, 200);
         Window.show();
         Window.activateWindow();
