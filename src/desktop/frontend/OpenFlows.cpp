@@ -10,6 +10,7 @@
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 #include "desktop/spatial/frmAttTable.h"
+#include "desktop/toolkit/ComboBox.h"
 #include "desktop/toolkit/Screens.h"
 
 namespace vastrel {
@@ -27,6 +28,14 @@ void TakeShapes() {
     ReadShapeHeader();
     LoadShapes();
     ws.ShapeFileTitleSaved = ws.ShapeFileTitle;
+}
+
+/// A column dialog that stands from a reset of the data has the lists of the old table, and is filled anew.
+/// Its unload step does nothing where its lists are empty.
+void EmptyColumnDialog() {
+    for (auto* list : The<frmParameter>().findChildren<ComboBox*>())
+        list->Clear();
+    The<frmParameter>().Unload();
 }
 
 void ComputePlaces() {
@@ -53,7 +62,7 @@ void OpenShapeRetro(MDIFrmMain& frame) {
     UnloadMap();
     if (!ChooseShapefile()) return;
     TakeShapes();
-    The<frmParameter>().Unload(); // one that stands from a reset of the data has the lists of the old table
+    EmptyColumnDialog();
     The<frmParameter>().ShowModal();
     ComputePlaces();
     DrawPlainMapNoPan();

@@ -1,5 +1,6 @@
 #include "desktop/frontend/OpenFlows.h"
 
+#include "core/spatial/AttributeRows.h"
 #include "desktop/display/frmGraph.h"
 #include "desktop/prospective/frmUnivariate.h"
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
@@ -102,6 +103,27 @@ TEST_F(OpenFlowsAgain, CancelledLeaveTheTestOfBeforeWithoutAMap) {
     RunSingle("optStandard", "1");
     EXPECT_TRUE(MapWindow.isVisible());
     EXPECT_EQ(ShownLists(), lists);
+}
+
+// The column dialog that stands from a reset of the data gets the lists of the new table, without what
+// follows on a dialog that closes.
+TEST_F(OpenFlowsAgain, FillAStandingColumnDialogWithoutItsUnloadStep) {
+    OpenThree();
+    const int alphas = Alpha()->ListCount();
+    Press(Retro, "cmdDataReset");
+    PickPopCase();
+    ws.AlphaLevel = 0.01;
+    OpenRetro(CopySample(), [&] {
+        EXPECT_EQ(ws.AlphaLevel, 0.01);
+        EXPECT_EQ(Alpha()->ListCount(), alphas);
+        EXPECT_TRUE(Parameter.isVisible());
+        EXPECT_TRUE(Parameter.isModal());
+        EXPECT_EQ(Shown(Parameter, "cboBasePopulation"), "");
+        EXPECT_EQ(Entries(Parameter, "cboPrimaryID"), FieldNames());
+        Bind(SampleColumns());
+    });
+    EXPECT_EQ(Alpha()->ListCount(), alphas + 2); // of the one that was closed
+    EXPECT_FALSE(Parameter.isModal());
 }
 
 TEST_F(OpenFlowsAgain, OfFewerRegionsShowWhatStandsUntilItIsRun) {
