@@ -1,5 +1,6 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
+#include "batch/FileRoles.h"
 #include "batch/RunRecord.h"
 #include "batch/Settings.h"
 #include "core/platform/NativePath.h"
@@ -40,6 +41,7 @@ ExitStatus RunAgain(CLI::App& program, const AgainOptions& options, std::vector<
     words.insert(words.begin(), {earlier.Command, "--config", options.File});
     std::reverse(words.begin(), words.end());
     program.parse(words);
+    RequireSeparateFiles(program, true);
     record.Begin(*program.get_subcommands().front());
     record.Expect(std::move(earlier.Inputs), strict);
     return RunCommand(run)();

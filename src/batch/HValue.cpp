@@ -1,8 +1,8 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
 #include "core/prospective/HValueCalculator.h"
+#include "core/text/OutputSet.h"
 
-#include <iostream>
 #include <map>
 #include <memory>
 
@@ -16,7 +16,7 @@ const std::map<std::string, HValueOption> Choices{{"overall", HValueOption::Over
 
 ExitStatus RunHValue(const std::string& choice, HValueTexts texts, const ConsolePlatform& console) {
     const auto result = HValueResult(Choices.at(choice), texts);
-    if (result) std::cout << *result << std::endl;
+    if (result) WriteStandardOutput(*result + "\n");
     // Texts that are refused in silence give no result and no failure.
     return console.MessageCount() > 0 ? ExitStatus::Refused : ExitStatus::Done;
 }

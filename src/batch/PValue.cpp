@@ -1,8 +1,8 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
 #include "core/retrospective/PValueCalculator.h"
+#include "core/text/OutputSet.h"
 
-#include <iostream>
 #include <memory>
 
 namespace vastrel {
@@ -17,7 +17,7 @@ ExitStatus RunPValue(const std::vector<std::string>& words, const ConsolePlatfor
         result = ChiSquareResult(words[1], words[2]);
     else
         throw WrongUse("p-value takes normal Z, or chi-square CHI DF.");
-    if (result) std::cout << *result << std::endl;
+    if (result) WriteStandardOutput(*result + "\n");
     // Texts that are refused in silence give no result and no failure.
     return console.MessageCount() > 0 ? ExitStatus::Refused : ExitStatus::Done;
 }

@@ -6,6 +6,13 @@
 
 namespace vastrel {
 
+namespace {
+
+const std::string PictureBegin = "period";
+const std::string PictureEnd = ".png";
+
+} // namespace
+
 void WatchOptions::AddTo(CLI::App& command) {
     command.add_option("--k", Parameters.K, "reference value")->capture_default_str()->group("Test");
     command.add_option("--h", Parameters.H, "threshold")->capture_default_str()->group("Test");
@@ -38,7 +45,15 @@ std::string PeriodPicture(const std::string& folder, std::ptrdiff_t period, std:
     const size_t digits = std::to_string(lastPeriod).size();
     std::string number = std::to_string(period);
     number.insert(0, digits - number.size(), '0');
-    return (std::filesystem::path(folder) / ("period" + number + ".png")).string();
+    return (std::filesystem::path(folder) / (PictureBegin + number + PictureEnd)).string();
+}
+
+bool IsPeriodPicture(const std::string& name) {
+    if (name.size() <= PictureBegin.size() + PictureEnd.size()) return false;
+    const std::string number =
+        name.substr(PictureBegin.size(), name.size() - PictureBegin.size() - PictureEnd.size());
+    return PictureBegin + number + PictureEnd == name &&
+           number.find_first_not_of("0123456789") == std::string::npos;
 }
 
 } // namespace vastrel

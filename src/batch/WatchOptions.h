@@ -24,4 +24,7 @@ struct WatchOptions {
 /// The path of the picture of a period in a folder, numbered with as many digits as the last one has.
 std::string PeriodPicture(const std::string& folder, std::ptrdiff_t period, std::ptrdiff_t lastPeriod);
 
+/// Whether a name without folder is that of the picture of some period.
+bool IsPeriodPicture(const std::string& name);
+
 } // namespace vastrel

@@ -1,14 +1,18 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
+#include "batch/FileRoles.h"
 #include "batch/RunRecord.h"
 #include "batch/Settings.h"
+#include "batch/StandardStreams.h"
 #include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
+#include "core/text/OutputSet.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <new>
+#include <sstream>
 
 using namespace vastrel;
 
@@ -52,14 +56,31 @@ RunTimeError NoConfiguration(const CLI::App& program) {
                : RunTimeError(FileNotFound, "vastrel-batch", CustomaryText(FileNotFound) + "\n" + path);
 }
 
-/// Parses the words and runs the chosen command, inside the one error boundary of the program.
-ExitStatus RunGuarded(ConsolePlatform& console, const CLI::App& program, const RunCommand& parseAndRun) {
+/// Prints the help or the version that was asked for, or what is wrong with the words.
+ExitStatus ExitOf(const CLI::App& program, const CLI::ParseError& error) {
+    std::ostringstream output;
+    const int code = program.exit(error, output, std::cerr);
+    WriteStandardOutput(output.str());
+    return code == 0 ? ExitStatus::Done : ExitStatus::WrongUse;
+}
+
+/// Parses the words and runs the chosen command, or prints what the parser has to say.
+ExitStatus RunOrPrint(const CLI::App& program, const RunCommand& parseAndRun) {
     try {
         return parseAndRun();
     } catch (const CLI::FileError&) {
-        console.ReportRunTimeError(NoConfiguration(program));
+        throw;
     } catch (const CLI::ParseError& error) {
-        return program.exit(error) == 0 ? ExitStatus::Done : ExitStatus::WrongUse;
+        return ExitOf(program, error);
+    }
+}
+
+/// Parses the words and runs the chosen command, inside the one error boundary of the program.
+ExitStatus RunGuarded(ConsolePlatform& console, const CLI::App& program, const RunCommand& parseAndRun) {
+    try {
+        return RunOrPrint(program, parseAndRun);
+    } catch (const CLI::FileError&) {
+        console.ReportRunTimeError(NoConfiguration(program));
     } catch (const WrongUse& wrong) {
         std::cerr << wrong.what() << '\n';
         return ExitStatus::WrongUse;
@@ -78,6 +99,7 @@ ExitStatus RunGuarded(ConsolePlatform& console, const CLI::App& program, const R
 
 // NOLINTNEXTLINE(bugprone-exception-escape): the parser's own set-up may be out of memory
 int main(int argc, char** argv) {
+    HoldStandardStreams();
     ConsolePlatform console;
     SetPlatform(&console);
 
@@ -101,6 +123,7 @@ int main(int argc, char** argv) {
 
     return static_cast<int>(RunGuarded(console, program, [&] {
         program.parse(Words(argc, argv));
+        RequireSeparateFiles(program);
         record.Begin(*program.get_subcommands().front());
         return RunCommand(run)(); // a copy: again sets another
     }));

@@ -72,17 +72,17 @@ struct Stream {
 
 using StagedFiles = std::vector<std::unique_ptr<StagedFile>>;
 
-void SyncFolders(const StagedFiles& files) {
+std::set<std::string> FoldersOf(const StagedFiles& files) {
     std::set<std::string> folders;
     for (const auto& file : files)
         folders.insert(FolderOf(file->Path()));
-    for (const auto& folder : folders)
-        SyncFolder(folder);
+    return folders;
 }
 
 /// Those that are written in place come first: a lack of room shows before anything is moved.
 void PlaceAll(StagedFiles& files) {
     std::stable_partition(files.begin(), files.end(), [](const auto& file) { return file->IsInPlace(); });
+    const auto folders = FoldersOf(files);
     const SignalsWait wait;
     size_t next = 0;
     try {
@@ -94,6 +94,8 @@ void PlaceAll(StagedFiles& files) {
         throw;
     }
     files.clear(); // what was kept beside goes away
+    for (const auto& folder : folders)
+        SyncFolder(folder);
 }
 
 } // namespace
@@ -114,7 +116,8 @@ void OutputSet::Commit() const {
     }
     for (const auto& file : files)
         file->Stage();
-    SyncFolders(files);
+    for (const auto& folder : FoldersOf(files))
+        SyncFolder(folder);
     for (const auto& stream : streams)
         stream.Write();
     PlaceAll(files);

@@ -88,6 +88,12 @@ OutputTarget FindTarget(const std::string& path) {
     return target;
 }
 
+bool IsDescriptor(const std::string& path) {
+    OutputTarget target;
+    target.Path = path;
+    return path == "-" || (FollowLinks(target) && target.Descriptor >= 0);
+}
+
 std::optional<std::string> FileIdentity(const std::string& path) {
     const auto numbers = [](const struct stat& is) {
         return std::to_string(is.st_dev) + ":" + std::to_string(is.st_ino);
@@ -104,12 +110,13 @@ std::optional<std::string> FileIdentity(const std::string& path) {
     }
     OutputTarget target;
     target.Path = path;
-    FollowLinks(target);
-    const std::string folder = FolderOf(target.Path);
+    if (!FollowLinks(target)) return {};
+    while (target.Path.size() > 1 && target.Path.back() == '/')
+        target.Path.pop_back();
+    if (target.Path == "." || target.Path == "/") return {};
     const std::string name = target.Path.substr(target.Path.rfind('/') + 1);
-    if (stat(folder.c_str(), &is) == 0) return numbers(is) + "/" + name;
-    std::error_code failed;
-    return fs::weakly_canonical(fs::absolute(target.Path, failed), failed).string();
+    const auto folder = FileIdentity(FolderOf(target.Path));
+    return folder ? std::optional(*folder + "/" + name) : std::nullopt;
 }
 
 } // namespace vastrel

@@ -25,6 +25,9 @@ struct OutputTarget {
 /// name that is too long or links in a ring, 70 where writing is not permitted.
 OutputTarget FindTarget(const std::string& path);
 
+/// Whether a path leads to one of the process's own descriptors; "-" does.
+bool IsDescriptor(const std::string& path);
+
 /// What a path names, whatever its spelling and whichever link or hard link leads there. A file that is not
 /// there yet is known by its folder and name. None for places that are no files, such as a terminal or the
 /// null device, and for "" and "-" where standard output is no file.

@@ -139,7 +139,11 @@ bool StagedFile::KeepOldFile() {
     kept_ = MakeBeside(target_.Path, [&](const char* name) {
         return OpenFile(name, O_WRONLY | O_CREAT | O_EXCL, OwnMode) ? 0 : -1;
     });
-    return kept_ != nullptr && rename(path, kept_->Path().c_str()) == 0;
+    if (kept_ == nullptr || rename(path, kept_->Path().c_str()) == 0) return kept_ != nullptr;
+    const int reason = errno;
+    kept_.reset();
+    errno = reason;
+    return false;
 }
 
 void StagedFile::ReturnKeptFile() noexcept {

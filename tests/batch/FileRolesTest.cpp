@@ -1,0 +1,181 @@
+#include "support/BatchProgram.h"
+#include "support/ProjectFolder.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace vastrel;
+
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+Words operator+(Words words, const Words& more) {
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+}
+
+/// A folder with inputs of all kinds.
+class FileRolesTest : public testing::Test {
+protected:
+    FileRolesTest() {
+        for (const auto* name : {"watch_xy.txt", "watch_z.txt", "watch_previous.csm", "watch_previous.txt",
+                                 "country.shp", "country.shx", "country.dbf", "country_pop.txt"})
+            fs::copy_file(InProject("samples/") + name, folder_ / name);
+    }
+
+    std::string In(const std::string& name) const { return folder_ / name; }
+
+    Words RetroPoints() const {
+        return {"retrospective-points", In("country_pop.txt"), "--format", "pop-case", "--sigma", "1"};
+    }
+    Words RetroPolygons() const {
+        return {"retrospective-polygons",
+                In("country.shp"),
+                "--pop",
+                "POP",
+                "--cases",
+                "CASES",
+                "--id",
+                "NAME",
+                "--sigma",
+                "1"};
+    }
+    Words WatchPoints() const {
+        return {"prospective-points", "--ids",      In("watch_xy.txt"),      "--z",
+                In("watch_z.txt"),    "--previous", In("watch_previous.txt")};
+    }
+    Words WatchPolygons() const {
+        return {"prospective-polygons", In("country.shp"),       "--z", In("watch_z.txt"), "--id", "NAME",
+                "--previous",           In("watch_previous.csm")};
+    }
+    Words Export() const {
+        return {"export", In("country.shp"), "--obs",    "OBS01",   "OBS24",   "--exp",
+                "EXP01",  "EXP24",           "--option", "poisson", "--sigma", "0"};
+    }
+    Words Centroids() const { return {"centroids", In("country.shp")}; }
+
+    /// Status 2 with both names, and every file as it was.
+    void ExpectRefused(const Words& words, const std::string& one, const std::string& other) const {
+        const auto before = Everything();
+        const auto result = RunBatch(words);
+        EXPECT_EQ(result.Status, 2) << testing::PrintToString(words);
+        EXPECT_EQ(result.Output, "");
+        EXPECT_NE(result.Errors.find("are one file"), std::string::npos) << result;
+        EXPECT_NE(result.Errors.find(one), std::string::npos) << result;
+        EXPECT_NE(result.Errors.find(other), std::string::npos) << result;
+        EXPECT_EQ(Everything(), before) << testing::PrintToString(words);
+    }
+
+    std::vector<std::pair<std::string, std::string>> Everything() const {
+        std::vector<std::pair<std::string, std::string>> all;
+        for (const auto& entry : fs::recursive_directory_iterator(folder_.Path()))
+            all.emplace_back(entry.path().string(), entry.is_regular_file() ? ReadFile(entry.path()) : "");
+        std::sort(all.begin(), all.end());
+        return all;
+    }
+
+    TemporaryFolder folder_;
+};
+
+} // namespace
+
+TEST_F(FileRolesTest, NoOutputIsAnInput) {
+    const std::vector<std::tuple<Words, Words, Words>> commands{
+        {RetroPoints(), {"country_pop.txt"}, {"--lists", "--report", "--json"}},
+        {RetroPolygons(), {"country.shp", "country.shx", "country.dbf"}, {"--lists", "--report", "--json"}},
+        {WatchPoints(),
+         {"watch_xy.txt", "watch_z.txt", "watch_previous.txt"},
+         {"--lists", "--report", "--cusum", "--json", "--maps"}},
+        {WatchPolygons(),
+         {"country.shp", "country.dbf", "watch_z.txt", "watch_previous.csm"},
+         {"--lists", "--report", "--json", "--maps"}},
+        {Export(), {"country.shp", "country.shx", "country.dbf"}, {"--out"}},
+        {Centroids(), {"country.shp", "country.shx", "country.dbf"}, {"--out"}},
+    };
+    for (const auto& [command, inputs, outputs] : commands)
+        for (const auto& input : inputs)
+            for (const auto& output : outputs)
+                ExpectRefused(command + Words{output, In(input)}, In(input), output);
+}
+
+TEST_F(FileRolesTest, SettingsAreInputsToo) {
+    const auto json = In("run.json");
+    ASSERT_EQ(RunBatch(RetroPoints() + Words{"--json", json}).Status, 0);
+    const auto settings = folder_.Write("run.toml", "[centroids]\nFILE = \"" + In("country.shp") + "\"\n");
+    ExpectRefused({"centroids", "--config", settings, "--out", settings}, settings, "--out");
+    ExpectRefused({"again", json, "--lists", In("country_pop.txt")}, In("country_pop.txt"), "--lists");
+    EXPECT_EQ(RunBatch({"again", json, "--lists", In("l")}).Status, 0);
+}
+
+TEST_F(FileRolesTest, PicturesAreNoInputs) {
+    if (!VASTREL_PICTURES) GTEST_SKIP() << "built without pictures";
+    const auto input = In("points.png");
+    fs::rename(In("country_pop.txt"), input);
+    const Words points{"retrospective-points", input, "--format", "pop-case"};
+    ExpectRefused(points + Words{"--sigma", "1", "--map", input}, input, "--map");
+    ExpectRefused(points + Words{"--chart", input}, input, "--chart");
+}
+
+TEST_F(FileRolesTest, AnotherSpellingIsTheSameFile) {
+    fs::create_directory(In("deep"));
+    fs::create_directory_symlink(In("deep"), In("way"));
+    fs::create_symlink("../watch_z.txt", In("deep/link"));
+    fs::create_hard_link(In("watch_z.txt"), In("hard"));
+    fs::create_symlink("hard", In("link of hard"));
+    for (const std::string spelling : {"/./watch_z.txt", "/deep/../watch_z.txt", "/deep/link", "/way/link",
+                                       "//watch_z.txt", "/hard", "/link of hard"})
+        ExpectRefused(WatchPoints() + Words{"--lists", folder_.Path() + spelling}, In("watch_z.txt"),
+                      "--lists");
+    fs::current_path(folder_.Path());
+    ExpectRefused(WatchPoints() + Words{"--lists", "watch_z.txt"}, In("watch_z.txt"), "--lists");
+    ExpectRefused(WatchPoints() + Words{"--cusum", "new/../watch_z.txt", "--maps", "./watch_z.txt"},
+                  In("watch_z.txt"), "--maps");
+}
+
+TEST_F(FileRolesTest, NoTwoOutputsAreOne) {
+    fs::create_directory(In("deep"));
+    fs::create_directory_symlink(In("deep"), In("way"));
+    fs::create_symlink("not there yet", In("dangling"));
+    folder_.Write("old", "before");
+    fs::create_hard_link(In("old"), In("hard"));
+    for (const auto& [one, other] : {std::pair("new", "new"), std::pair("new", "./new"),
+                                     std::pair("deep/new", "way/new"), std::pair("dangling", "not there yet"),
+                                     std::pair("old", "hard"), std::pair("none/new", "none//new")})
+        ExpectRefused(RetroPoints() + Words{"--lists", In(one), "--json", In(other)}, In(one), In(other));
+    ExpectRefused(RetroPoints() + Words{"--lists", "/dev/null", "--json", "/dev/null"}, "--lists /dev/null",
+                  "--json /dev/null");
+}
+
+TEST_F(FileRolesTest, ThePicturesOfPeriodsAreOutputsToo) {
+    if (!VASTREL_PICTURES) GTEST_SKIP() << "built without pictures";
+    for (const std::string maps : {"maps", "made"}) {
+        if (maps == "made") fs::create_directory(In(maps));
+        ExpectRefused(WatchPoints() + Words{"--maps", In(maps), "--lists", In(maps)}, "--maps", "--lists");
+        ExpectRefused(WatchPoints() + Words{"--maps", In(maps), "--lists", In(maps + "/period07.png")},
+                      "--maps", "--lists");
+    }
+    fs::create_hard_link(In("watch_z.txt"), In("made/period03.png"));
+    ExpectRefused(WatchPoints() + Words{"--maps", In("made")}, In("watch_z.txt"), "--maps");
+}
+
+TEST_F(FileRolesTest, StandardOutputMayBeTheFileOfNoOther) {
+    const auto run =
+        RunBatch(RetroPoints() + Words{"--lists", "-", "--report", "-", "--json", "/dev/stdout"});
+    EXPECT_EQ(run.Status, 0) << run;
+    const auto separate = RunBatch(RetroPoints() + Words{"--lists", In("l"), "--report", In("r")});
+    EXPECT_EQ(separate, (BatchResult{0, "", ""}));
+    EXPECT_EQ(run.Output.rfind(ReadFile(In("l")) + ReadFile(In("r")) + "{", 0), 0U);
+}
+
+TEST_F(FileRolesTest, OtherFilesAreFree) {
+    fs::create_hard_link(In("watch_previous.csm"), In("hard"));
+    EXPECT_EQ(RunBatch(RetroPoints() + Words{"--lists", In("hard"), "--json", "/dev/null"}).Status, 0);
+    EXPECT_EQ(RunBatch(Centroids() + Words{"--out", In("country.txt")}).Status, 0);
+    if (!VASTREL_PICTURES) GTEST_SKIP() << "built without pictures";
+    const auto run = RunBatch(WatchPoints() + Words{"--maps", In("maps"), "--chart", In("maps/chart.png")});
+    EXPECT_EQ(run, (BatchResult{0, "", ""}));
+}
