@@ -2,6 +2,7 @@
 
 #include "batch/Command.h"
 #include "batch/WatchOptions.h"
+#include "core/layer/Layer.h"
 #include "core/platform/NativePath.h"
 #include "core/spatial/ShapefileFiles.h"
 #include "core/text/OutputTarget.h"
@@ -56,13 +57,14 @@ struct CommandFiles {
         if (!IsShapefile(path)) return;
         for (const auto& file : FilesOfShapefile(whole))
             Inputs.push_back(Named(option, file));
+        for (const auto& file : PathsOfLayer(whole)) // the projection among them
+            Inputs.push_back(Named(option, file));
     }
 
     void AddOutput(const std::string& option, const std::string& path) {
-        Outputs.push_back(Named(option, path));
-        if (option != "--layer" || !IsShapefile(path)) return;
-        for (const char* extension : {".shx", ".dbf", ".prj", ".cpg"})
-            Outputs.push_back(Named(option, PathText(NativePath(path).replace_extension(extension))));
+        if (option != "--layer" || !IsLayerPath(path)) return Outputs.push_back(Named(option, path));
+        for (const auto& file : PathsOfLayer(path))
+            Outputs.push_back(Named(option, file));
     }
 
     /// The folder, and the pictures of an earlier run in it.
@@ -126,7 +128,7 @@ void RequireSeparateFiles(const CLI::App& program, bool onceMore) {
     for (size_t i = 0; i < files.Outputs.size(); ++i) {
         const NamedFile& output = files.Outputs[i];
         for (const NamedFile& input : files.Inputs)
-            if (AreOne(input, output)) RefuseOneFile(input, output);
+            if (AreOne(input, output)) throw WrongUse(output.Words() + " is an input.");
         for (size_t j = 0; j < i; ++j)
             if (Collide(files.Outputs[j], output)) RefuseOneFile(files.Outputs[j], output);
         for (const NamedFile& folder : files.Folders)

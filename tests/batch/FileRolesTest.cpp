@@ -58,13 +58,12 @@ protected:
     }
     Words Centroids() const { return {"centroids", In("country.shp")}; }
 
-    /// Status 2 with both names, and every file as it was.
+    /// Status 2 with both texts in the message, and every file as it was.
     void ExpectRefused(const Words& words, const std::string& one, const std::string& other) const {
         const auto before = Everything();
         const auto result = RunBatch(words);
         EXPECT_EQ(result.Status, 2) << testing::PrintToString(words);
         EXPECT_EQ(result.Output, "");
-        EXPECT_NE(result.Errors.find("are one file"), std::string::npos) << result;
         EXPECT_NE(result.Errors.find(one), std::string::npos) << result;
         EXPECT_NE(result.Errors.find(other), std::string::npos) << result;
         EXPECT_EQ(Everything(), before) << testing::PrintToString(words);
@@ -99,15 +98,15 @@ TEST_F(FileRolesTest, NoOutputIsAnInput) {
     for (const auto& [command, inputs, outputs] : commands)
         for (const auto& input : inputs)
             for (const auto& output : outputs)
-                ExpectRefused(command + Words{output, In(input)}, In(input), output);
+                ExpectRefused(command + Words{output, In(input)}, "is an input", output);
 }
 
 TEST_F(FileRolesTest, SettingsAreInputsToo) {
     const auto json = In("run.json");
     ASSERT_EQ(RunBatch(RetroPoints() + Words{"--json", json}).Status, 0);
     const auto settings = folder_.Write("run.toml", "[centroids]\nFILE = \"" + In("country.shp") + "\"\n");
-    ExpectRefused({"centroids", "--config", settings, "--out", settings}, settings, "--out");
-    ExpectRefused({"again", json, "--lists", In("country_pop.txt")}, In("country_pop.txt"), "--lists");
+    ExpectRefused({"centroids", "--config", settings, "--out", settings}, "is an input", "--out");
+    ExpectRefused({"again", json, "--lists", In("country_pop.txt")}, "is an input", "--lists");
     EXPECT_EQ(RunBatch({"again", json, "--lists", In("l")}).Status, 0);
 }
 
@@ -116,8 +115,8 @@ TEST_F(FileRolesTest, PicturesAreNoInputs) {
     const auto input = In("points.png");
     fs::rename(In("country_pop.txt"), input);
     const Words points{"retrospective-points", input, "--format", "pop-case"};
-    ExpectRefused(points + Words{"--sigma", "1", "--map", input}, input, "--map");
-    ExpectRefused(points + Words{"--chart", input}, input, "--chart");
+    ExpectRefused(points + Words{"--sigma", "1", "--map", input}, "is an input", "--map");
+    ExpectRefused(points + Words{"--chart", input}, "is an input", "--chart");
 }
 
 TEST_F(FileRolesTest, AnotherSpellingIsTheSameFile) {
@@ -128,12 +127,11 @@ TEST_F(FileRolesTest, AnotherSpellingIsTheSameFile) {
     fs::create_symlink("hard", In("link of hard"));
     for (const std::string spelling : {"/./watch_z.txt", "/deep/../watch_z.txt", "/deep/link", "/way/link",
                                        "//watch_z.txt", "/hard", "/link of hard"})
-        ExpectRefused(WatchPoints() + Words{"--lists", folder_.Path() + spelling}, In("watch_z.txt"),
-                      "--lists");
+        ExpectRefused(WatchPoints() + Words{"--lists", folder_.Path() + spelling}, "is an input", "--lists");
     fs::current_path(folder_.Path());
-    ExpectRefused(WatchPoints() + Words{"--lists", "watch_z.txt"}, In("watch_z.txt"), "--lists");
+    ExpectRefused(WatchPoints() + Words{"--lists", "watch_z.txt"}, "is an input", "--lists");
     ExpectRefused(WatchPoints() + Words{"--cusum", "new/../watch_z.txt", "--maps", "./watch_z.txt"},
-                  In("watch_z.txt"), "--maps");
+                  "is an input", "--maps");
 }
 
 TEST_F(FileRolesTest, NoTwoOutputsAreOne) {
@@ -159,7 +157,7 @@ TEST_F(FileRolesTest, ThePicturesOfPeriodsAreOutputsToo) {
                       "--maps", "--lists");
     }
     fs::create_hard_link(In("watch_z.txt"), In("made/period03.png"));
-    ExpectRefused(WatchPoints() + Words{"--maps", In("made")}, In("watch_z.txt"), "--maps");
+    ExpectRefused(WatchPoints() + Words{"--maps", In("made")}, "is an input", "--maps");
 }
 
 TEST_F(FileRolesTest, StandardOutputMayBeTheFileOfNoOther) {
