@@ -64,6 +64,8 @@ TEST_F(ExportCommand, RefusesWhatTheScreenRefuses) {
               (BatchResult{3, "", "Start and end priods were not set improperly!\n"}));
     EXPECT_EQ(Run({"O1", "O2"}, {"E1", "E1"}, Plain),
               (BatchResult{3, "", "Periods for Obs and Exp are not identical. \n"}));
+    EXPECT_EQ(Run({"KEY", "O2"}, {"E1", "E2"}, {"--option", "poisson", "--sigma", "x", "--out", "-"}),
+              (BatchResult{3, "", "Data should be numerical values!\n"})); // the columns come first
     for (const char* sigma : {"", "x", "1,5"})
         EXPECT_EQ(RunTwo(sigma), (BatchResult{3, "", "Bandwidth should be numeric.\n"}));
 }

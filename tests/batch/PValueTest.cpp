@@ -28,6 +28,7 @@ TEST(PValueCommand, TellsWrongUse) {
     EXPECT_EQ(RunBatch({"p-value"}).Status, 2);
     EXPECT_EQ(RunBatch({"p-value", "normal"}).Status, 2);
     EXPECT_EQ(RunBatch({"p-value", "normal", "1", "2"}).Status, 2);
+    EXPECT_EQ(RunBatch({"p-value", "chi-square", "3"}).Status, 2);
 }
 
 TEST(PValueCommand, TakesWordsThatBeginWithAMinusSign) {

@@ -218,6 +218,12 @@ TEST_F(ProspectivePoints, DrawsOnePictureAPeriod) {
         EXPECT_EQ(ReadFile(Out("maps/period" + std::to_string(t) + ".png")).substr(1, 3), "PNG");
     EXPECT_FALSE(fs::exists(Out("maps/period6.png")));
     EXPECT_EQ(ReadFile(Out("chart.png")).substr(1, 3), "PNG");
+    EXPECT_EQ(Watch({"--maps", Out("alone")}), (BatchResult{0, "", ""})); // no lists beside the maps
+    EXPECT_EQ(Watch({"--chart", Out("alone.png")}), (BatchResult{0, "", ""}));
+    folder_.Write("z.txt", "1,1,1,1,1,1,1,1,1,1\n0,0,0,0,0,0,0,0,0,0\n");
+    EXPECT_EQ(Watch({"--maps", Out("ten")}).Status, 0);
+    EXPECT_TRUE(fs::exists(Out("ten/period01.png")) && fs::exists(Out("ten/period10.png")));
+    EXPECT_FALSE(fs::exists(Out("ten/period1.png")));
 #else
     EXPECT_EQ(Watch({"--maps", Out("maps")}).Status, 2);
     EXPECT_EQ(Watch({"--chart", Out("chart.png")}).Status, 2);

@@ -308,9 +308,10 @@ TEST(RetrospectivePoints, TellsWrongUse) {
     for (const Words& more :
          {Words{"--variable", "median"}, Words{"--alpha", "0.1"}, Words{"--sigma", "1", "--from", "1"},
           Words{"--sigma", "1", "--to", "1"}, Words{"--sigma", "1", "--step", "1"},
-          Words{"--surface", "1,2,3"}, Words{"--surface", "1,2,3,x"}, Words{"--zoom", "x"},
-          Words{"--unknown"}, Words{"more"}, Words{"--map", "map.txt", "--sigma", "1"},
-          Words{"--chart", "chart.gif"}, Words{"--map-step", "1", "--sigma", "1"}}) {
+          Words{"--surface", "1,2,3"}, Words{"--surface", "1,2,3,x"}, Words{"--surface", "1,2,3,4,5"},
+          Words{"--zoom", "x"}, Words{"--map", ".png", "--sigma", "1"}, Words{"--unknown"}, Words{"more"},
+          Words{"--map", "map.txt", "--sigma", "1"}, Words{"--chart", "chart.gif"},
+          Words{"--map-step", "1", "--sigma", "1"}}) {
         const auto result = RunFive(more);
         EXPECT_EQ(result.Status, 2) << more[0];
         EXPECT_EQ(result.Output, "") << more[0];

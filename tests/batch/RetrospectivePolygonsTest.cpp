@@ -160,6 +160,7 @@ TEST_F(RetrospectivePolygons, DrawsItsPictures) {
         EXPECT_EQ(Run(words), (BatchResult{0, "", ""}));
     }
     EXPECT_NE(ReadFile(Out("1.svg")), ReadFile(Out("3.svg")));
+    EXPECT_EQ(Run({"--chart", Out("chart.svg")}), (BatchResult{0, "", ""})); // no lists beside a chart
     EXPECT_EQ(ReadFile(Out("chart.pdf")).rfind("%PDF", 0), 0u);
 #else
     EXPECT_EQ(Run({"--sigma", "1", "--map", Out("one.png")}).Status, 2);
@@ -220,7 +221,7 @@ TEST_F(RetrospectivePolygons, TellsWrongUse) {
           Words{"--unknown"}, Words{"more"}, Words{"--map", "map.txt", "--sigma", "1"},
           Words{"--map", Out("m.png")}, Words{"--map", Out("m.png"), "--map-step", "11"},
           Words{"--chart", "c.gif"}, Words{"--chart", Out("c.png"), "--sigma", "1"},
-          Words{"--map-step", "1", "--sigma", "1"}}) {
+          Words{"--map-step", "1", "--sigma", "1"}, Words{"--obs", "CASES"}, Words{"--exp", "CASES"}}) {
         const auto result = Run(more);
         EXPECT_EQ(result.Status, 2) << more[0];
         EXPECT_EQ(result.Output, "") << more[0];

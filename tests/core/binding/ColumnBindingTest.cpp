@@ -150,6 +150,12 @@ TEST_F(ColumnBinding, BeginsTheNextCheckOnTheFirstRow) {
     EXPECT_EQ(CurrentText("KEY"), "one");
 }
 
+TEST_F(ColumnBinding, LeavesTheTableOnItsFirstRowAfterAGoodCheck) {
+    Open({{"one", "1", "1", "1"}, {"two", "2", "0", "2"}});
+    EXPECT_TRUE(CheckRows(CountFormat::PopCase, Chosen()));
+    EXPECT_EQ(CurrentText("KEY"), "one");
+}
+
 // ---- Filling
 
 // Cases 10 of 1000 people: (10 * 100) / 1000 = 1, and so on.

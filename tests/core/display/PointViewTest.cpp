@@ -167,6 +167,20 @@ TEST(PointToPlot, FollowsZoomAndPan) {
     EXPECT_EQ(PointToPlot(view, Xs[4], Ys[4]).Y, 97); // 97.25480820418159
 }
 
+TEST(PointView, KeepsWhatItWasButItsSizeWhereAFitStopsAtAFault) {
+    ws = Workspace{};
+    const auto points = PointsOf({0, 20}, {0, 20});
+    PointView view = ViewOf(Square, points);
+    const auto far = PointsOf({-1e308, 1e308}, {0, 20});
+    EXPECT_EQ(ErrorNumberOf([&] { ComputePointView(view, Square, far.X, far.Y); }), Overflow);
+    EXPECT_FALSE(view.IsValid());
+    EXPECT_EQ(view.DataXMax, 20);
+    EXPECT_EQ(view.ScaleX, 10);
+    EXPECT_EQ(view.MapCentreX, 0);
+    EXPECT_EQ(ws.ScaleX, 10);
+    EXPECT_EQ(PointToPlot(view, 0, 0).X, 10); // a click finds what is drawn
+}
+
 TEST(PlotAllPoints, StandsForADrawing) {
     ws = Workspace{};
     EXPECT_EQ(Plotted(RetroPointSurface(), PointsOf(Xs, Ys), 1.2),

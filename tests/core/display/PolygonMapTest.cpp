@@ -157,6 +157,9 @@ TEST_F(PolygonMapTest, ShowsTheOutlinesWhereTheDisplayArraysAreOfOtherData) {
     EXPECT_EQ(form_.Operations(), "");
     ws = Workspace{};
     EXPECT_FALSE(HasRetroMap());
+    ws.DisplayClassValues.ReDim(0);
+    ws.DisplayDrawValues.ReDim(0);
+    EXPECT_FALSE(HasRetroMap());
 }
 
 TEST_F(PolygonMapTest, PaintsOnlyAStatisticWhenItComesToTheFront) {
@@ -266,4 +269,12 @@ TEST_F(PolygonMapTest, MarksFreshCentroidsOnTheOutlines) {
     const std::string all = picSHP_.Operations();
     EXPECT_EQ(Picture(), "plain");
     EXPECT_EQ(all.substr(all.find("refresh")), "refresh\nwidth 3\npoint 65.000 65.000 0x0000FF\nrefresh\n");
+}
+
+TEST_F(PolygonMapTest, HasNoStatisticOfNoRegions) {
+    ws = Workspace{};
+    EXPECT_FALSE(HasRetroMap());
+    ws.DisplayClassValues.ReDim(0);
+    ws.DisplayDrawValues.ReDim(0);
+    EXPECT_FALSE(HasRetroMap());
 }

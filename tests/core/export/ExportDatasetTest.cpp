@@ -148,6 +148,22 @@ TEST_F(Export, StopsAtAnExpectedCountOfZero) {
     EXPECT_EQ(ExportLines()[0], "5.1623"); // 3 + sqrt(10) - 1
 }
 
+TEST_F(Export, LeavesNoDeviationsOfTheRegionsBeforeAFault) {
+    ws.ExportSigma = 1;
+    BuildExportWeights();
+    ws.ExportObs.ReDim(3);
+    ws.ExportExp.ReDim(3);
+    for (int i = 1; i <= 3; ++i) {
+        ws.ExportObs(i) = 9;
+        ws.ExportExp(i) = i < 3 ? 4 : 0;
+    }
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExportZ(ExportOption::Poisson); }), DivisionByZero);
+    for (int i = 1; i <= 3; ++i) {
+        EXPECT_EQ(ws.ExportDeviation(i), 0) << i;
+        EXPECT_EQ(ws.ExportZ(i), 0) << i;
+    }
+}
+
 TEST_F(Export, StopsForASigmaWhoseSquareIsNothing) {
     ws.ExportSigma = 1e-200;
     EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), DivisionByZero);

@@ -134,6 +134,20 @@ TEST_F(PointCusumRun, StopsWithoutASavedTable) {
     EXPECT_EQ(ErrorOf([&] { RunPointCusum(watch, StartOption::Previous); }), SubscriptOutOfRange);
 }
 
+// The hull of a square from its corner at 0: the two sides that do not touch the corner sum up to its area.
+TEST_F(PointCusumRun, TakesTheStudyAreaOfTheMapAtEachRun) {
+    auto watch = Loaded(FourPoints, "1\n2\n3\n4\n");
+    for (const std::int32_t side : {3, 5}) {
+        ws.PlottedPoints.ReDim(4);
+        const PlotPoint corners[] = {{0, 0}, {side, 0}, {side, side}, {0, side}};
+        for (int i = 1; i <= 4; ++i)
+            ws.PlottedPoints(i) = corners[i - 1];
+        ws.ScaleX = ws.ScaleY = 1;
+        RunPointCusum(watch, StartOption::Zero);
+        EXPECT_EQ(watch.StudyArea, side * side);
+    }
+}
+
 TEST_F(PointCusumRun, StopsAtAStudyAreaOfZero) {
     auto watch = Loaded("A,1,1\nB,2,1\n", "1\n2\n"); // in one line: never plotted
     EXPECT_EQ(ErrorOf([&] { RunPointCusum(watch, StartOption::Zero); }), DivisionByZero);

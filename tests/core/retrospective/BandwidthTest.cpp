@@ -35,6 +35,15 @@ TEST(TakeSingleSigma, PutsATinyNumberInThePlaceOfZero) {
     }
 }
 
+TEST(TakeSingleSigma, TakesANumberThatIsTinyItself) {
+    ScriptedPlatform silent;
+    ws = Workspace{};
+    for (const auto& [text, value] : {std::pair("0.00000002", 2e-8), std::pair("1e-9", 1e-9)}) {
+        EXPECT_TRUE(TakeSingleSigma(text));
+        EXPECT_EQ(ws.CurrentSigma, value);
+    }
+}
+
 TEST(TakeSingleSigma, RefusesOtherTextsAndLeavesTheBandwidth) {
     ScriptedPlatform platform;
     ws = Workspace{};

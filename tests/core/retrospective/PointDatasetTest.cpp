@@ -129,7 +129,9 @@ TEST(PointDataset, ReplacesAnEarlierOneWhole) {
                          &ws.MapDrawM,      &ws.DisplayClassValues, &ws.DisplayDrawValues};
     for (auto* values : mapped)
         values->ReDim(3);
+    ws.StatisticTable.ReDim(3, 2);
     ASSERT_TRUE(LoadBytes("X,7,8,2,1\n", PointFormat::ObsExp));
+    EXPECT_FALSE(ws.StatisticTable.IsAllocated());
     for (const auto* values : mapped)
         EXPECT_FALSE(values->IsAllocated());
     EXPECT_EQ(ws.NumTextRegion, 1);

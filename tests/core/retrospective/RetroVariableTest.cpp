@@ -62,6 +62,17 @@ TEST(RetroVariable, EndsAdjustedWithOtherMapValuesInASingleRunThanInASweep) {
     EXPECT_EQ(ws.DevPearson(1), 2.5);
 }
 
+TEST(RetroVariable, HoldsNoTableOfWeightsAfterARun) {
+    for (const auto variable : {RetroVariable::Unadjusted, RetroVariable::AdjustedPoisson,
+                                RetroVariable::FreemanTukey, RetroVariable::Rossi}) {
+        TakeThree();
+        RunSingleProcedures(variable);
+        for (const auto* table : {&ws.WeightM, &ws.WeightUnadjusted, &ws.WeightAdjusted, &ws.ScoreGramPlain,
+                                  &ws.ScoreGramAdjusted})
+            EXPECT_FALSE(table->IsAllocated());
+    }
+}
+
 TEST(RetroVariable, RunsTheOthersAlikeInASweep) {
     TakeThree();
     RunSingleProcedures(RetroVariable::Unadjusted);

@@ -265,3 +265,18 @@ TEST(Sweep, AsksForItsMemoryBeforeItStartsAndLessWhatItHolds) {
     EXPECT_EQ(ErrorNumberOf([] { RunSingleProcedures(RetroVariable::Rossi); }), OutOfMemory);
     ForceAvailableMemory({});
 }
+
+// The point screen counts its Regions by the points also where a shapefile is open; the study area is that
+// one's.
+TEST(Sweep, OfPointsCountsTheRegionsByThePoints) {
+    ScriptedPlatform platform;
+    for (const auto& [rules, count] : {std::pair{&PointRules(), 3}, std::pair{&PolygonRules(), 2}}) {
+        TakeThree();
+        ws.bTextfileData = ws.bShapefileData = true;
+        ws.NumTextRegion = 3;
+        ws.NumRegion = 2;
+        Sweep(RetroVariable::FreemanTukey, {"0.5", "1", "0.5"}, *rules);
+        EXPECT_EQ(ws.NumRegion, count);
+        EXPECT_EQ(ws.StatisticTable.UpperBound1(), count);
+    }
+}

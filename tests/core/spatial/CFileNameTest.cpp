@@ -53,7 +53,9 @@ TEST(CFileName, RefusesWhatIsNoDriveLetterPath) {
                              "C:\\n/c.shp",
                              "C:\\n>c.shp",
                              "C:\\n<c.shp",
-                             "C:\\D:\\nc.shp"}) {
+                             "C:\\D:\\nc.shp",
+                             "C:?\\nc.shp",
+                             "C:/\\nc.shp"}) {
         const auto error = ErrorOf([&] { name.SetFileSpec(spec); });
         EXPECT_EQ(error.Number, InvalidFileSpec) << spec;
         EXPECT_EQ(error.Source, "C_FileName::SetFileSpec");

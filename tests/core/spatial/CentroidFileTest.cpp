@@ -98,6 +98,14 @@ TEST(CentroidFile, IsNotWrittenAfterACancel) {
     EXPECT_EQ(ws.RegionCentroid(1).X, 2); // computed anew all the same
 }
 
+TEST(CentroidFile, IsNotWrittenWithoutAName) {
+    ScriptedPlatform platform;
+    AddSquare();
+    platform.ExpectNoName(FileQuestion::Kind::Save, "Text File (*.txt)|*.txt");
+    mnuGetCentroid(); // no error of a file without a name either
+    EXPECT_EQ(ws.RegionCentroid(1).X, 2);
+}
+
 TEST(CentroidFile, StopsBeforeTheDialogAtAFault) {
     ScriptedPlatform platform; // expects nothing
     ws = Workspace{};

@@ -375,6 +375,13 @@ TEST_F(PolygonToolsTest, LeavesAnInfoWindowClosedThatWasClosedInsideTheFlash) {
     EXPECT_FALSE(Info.IsLoaded());
 }
 
+TEST_F(PolygonToolsTest, BringsTheInfoWindowBackThatWentOutOfSightInsideTheFlash) {
+    Tool("ID");
+    Script.AtYield(3, [this] { Info.hide(); });
+    Press(Region61);
+    EXPECT_TRUE(Info.isVisible());
+}
+
 TEST_F(PolygonToolsTest, ReportsAPressOnAMapWithoutScale) {
     Tool("Find");
     ws.PolygonView.MapScaleX = ws.PolygonView.MapScaleY = 0;

@@ -4,8 +4,13 @@
 #include "desktop/prospective/PolygonWatchScreen.h"
 #include "desktop/prospective/WatchScreen.h"
 #include "support/screens/AskedFile.h"
+#include "support/screens/Mouse.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QImage>
+
+#include <filesystem>
 
 using namespace vastrel;
 
@@ -77,6 +82,68 @@ TEST_F(PointDuties, AsksForTheCusumFileWithItsEnding) {
     const FileQuestion asked = AskedFile(Script, [this] { Press(Screen, "cmdSaveCusum"); });
     EXPECT_EQ(asked.Filter, CusumFilter);
     EXPECT_EQ(asked.DefaultExtension, ".csm");
+}
+
+// A group of options that has none cannot come about by the mouse.
+TEST_F(PointDuties, SavesNothingWithoutAStartOption) {
+    LoadForStart();
+    Run();
+    auto* zero = The_<OptionButton>(Screen, "optZero");
+    zero->setAutoExclusive(false);
+    zero->setChecked(false);
+    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
+    Press(Screen, "cmdSaveCusum");
+    EXPECT_FALSE(std::filesystem::exists(Folder / "c.csm"));
+    Script.ExpectFile(FileQuestion::Kind::Save, ReportFilter, Folder / "r.txt");
+    Press(Screen, "cmdSaveResult");
+    EXPECT_FALSE(std::filesystem::exists(Folder / "r.txt"));
+    zero->setChecked(true);
+    zero->setAutoExclusive(true);
+}
+
+TEST_F(PointDuties, BringsTheErasedMapToTheScreenWhereTheStartChanges) {
+    LoadForStart();
+    Run();
+    QApplication::processEvents();
+    struct PaintCounter : QObject {
+        int Paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            Paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } counter;
+    Map().installEventFilter(&counter);
+    QApplication::processEvents();
+    counter.Paints = 0;
+    The_<OptionButton>(Screen, "optPre")->Select();
+    QApplication::processEvents();
+    EXPECT_GT(counter.Paints, 0);
+}
+
+TEST_F(PointDuties, SelectsNoPointsWithAToolThatIsDisabled) {
+    LoadForStart();
+    Run();
+    auto* tool = The_<OptionButton>(Screen, "optMeasureDistance");
+    tool->Select();
+    tool->setEnabled(false);
+    Mouse hand(Map());
+    const QImage before = Map().Picture();
+    hand.Press(100, 100);
+    hand.Release(200, 100);
+    EXPECT_EQ(Map().Picture(), before);
+    EXPECT_EQ(Text(Screen, "lblDisplay"), "");
+    tool->setEnabled(true);
+    hand.Press(100, 100);
+    hand.Release(200, 100);
+    EXPECT_NE(Map().Picture(), before);
+}
+
+TEST_F(PolygonDuties, BeginsWithTheSlowSpeedAtEachLoad) {
+    RunFields();
+    EXPECT_EQ(ws.AnimationDelay, 1);
+    Screen.Unload();
+    Open();
+    EXPECT_EQ(ws.AnimationDelay, 300000);
 }
 
 TEST_F(PolygonDuties, AsksForTheCusumFileWithItsEnding) {
