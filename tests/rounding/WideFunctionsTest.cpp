@@ -14,6 +14,8 @@ constexpr int Count = 20000;
 class Exact {
 public:
     explicit Exact(double value) {
+        mpfr_set_emin(mpfr_get_emin_min()); // other tests narrow them
+        mpfr_set_emax(mpfr_get_emax_max());
         mpfr_init2(x_, 600);
         mpfr_set_d(x_, value, MPFR_RNDN);
     }
@@ -34,8 +36,7 @@ public:
         mpfr_set_zero(other, 1);
         for (int i = 0; i < Words; ++i) {
             mpfr_mul_2si(other, other, 64, MPFR_RNDN);
-            mpfr_add_ui(other, other, number.Magnitude.Word[static_cast<std::size_t>(Words - 1 - i)],
-                        MPFR_RNDN);
+            mpfr_add_ui(other, other, number.Magnitude.Word[Words - 1 - i], MPFR_RNDN);
         }
         mpfr_mul_2si(other, other, -WideFixed<Words>::FractionBits + number.Exponent, MPFR_RNDN);
         if (number.IsNegative) mpfr_neg(other, other, MPFR_RNDN);

@@ -5,6 +5,7 @@
 
 #include "core/numeric/WideFixed.h"
 
+#include <array>
 #include <cstddef>
 
 namespace vastrel {

@@ -4,19 +4,21 @@
 //
 //   x = k ln2 / 128 + r with |r| < 2^-8.5, and e^x = 2^(k / 128) e^r = 2^n (T + T (e^r - 1)), T from 1 to 2
 //
-// How far it is from the exact value, for T below 2 and in units of 2^-72:
-//   r    the part of x that goes with the upper bits of T, `upper`, has 26 bits and so has `table.High`:
-//   their
-//        product is exact, and so are x - k LnHigh (18 and 34 bits) and what `upper` leaves over of it. The
-//        rest of ln 2 / 128 is below 2^-42, and its product with k below 2^-25: three roundings there are
-//        below 2^-77
-//   e^r  the square of r and its factor are below 2^-17.0 and 0.5 + 2^-10, each rounded once or twice (below
-//   8 in
-//        all); the term r^7 / 5040 that is left out is below 1
-//   T    the product with e^r - 1 - upper and the sums behind it are below 2^-16.9 but the last two, which
-//   hold
-//        the rounding error of the sum in front (exactly) and are below 2^-52: 24 in all
-// together below 33, doubled by T to less than 2^-66: that is the width of doubt on either side.
+// How far it is from the exact value at most, in units of 2^-72:
+//
+//   x - k LnHigh is exact (18 and 34 bits), and `upper` takes 26 bits of it, so that its product with the 27
+//   bits of `high` is exact too. What is left, `rest`, is below 2^-25.6, and its roundings are below 2^-77.
+//   e^r - 1 - upper:  the rounding of r        2^-62 r                   2.9
+//                     of its square            below 2^-17 / 2           1
+//                     of the factor            2^-54 r^2                 2
+//                     of the product           below 2^-18               1
+//                     of the sum with `rest`   below 2^-18               1
+//                     the next term            r^7 / 5040                1
+//                                                                        8.9, times high below 2: 17.8
+//   small:            five roundings           below 2^-17               10
+//
+// together 28, which is less than half of 2^-66: `doubt`, the width on either side in which the exact value
+// lies.
 #pragma once
 
 #include "core/numeric/Vectors.h"
@@ -34,18 +36,22 @@ extern const std::array<PowerOfTwo, 128> PowersOfTwo;
 /// ln 2 / 128 in two parts, the first with zeros enough for a product with k to be exact; off by 2^-95.
 extern const double LnHigh, LnLow;
 
+/// 2^(Integer / 128) e^r = 2^(the upper bits of Integer) (Sum + Small); Doubt bounds the error of Small.
 template <int Bytes>
-struct QuickResult {
-    typename VectorOf<Bytes>::Doubles Value;
-    typename VectorOf<Bytes>::Bits Doubt; // 0 in the lanes where the rounding is certain
+struct QuickParts {
+    typename VectorOf<Bytes>::Doubles Sum, Small;
+    typename VectorOf<Bytes>::Bits Integer; // k in the lower bits
+    static constexpr double Doubt = 0x1p-66;
 };
 
-/// e^x for |x| up to 708.
+/// The parts of e^x for |x| up to 746. Vectors go by reference: as values their way of passing hangs on the
+/// instruction set.
 template <int Bytes>
-[[gnu::always_inline]] inline QuickResult<Bytes> QuickExponential(typename VectorOf<Bytes>::Doubles x) {
+[[gnu::always_inline]] inline void TakeQuickParts(const typename VectorOf<Bytes>::Doubles& x,
+                                                  QuickParts<Bytes>& parts) {
     using Vector = typename VectorOf<Bytes>::Doubles;
     using Bits = typename VectorOf<Bytes>::Bits;
-    constexpr double integerAtEnd = 0x1.8p52, multipleOf2ToMinus34 = 0x1.8p18, doubt = 0x1p-66;
+    constexpr double integerAtEnd = 0x1.8p52, multipleOf2ToMinus34 = 0x1.8p18;
 
     const Vector shifted = x * 184.6649652337873 + integerAtEnd; // 128 / ln 2
     const Vector k = shifted - integerAtEnd;
@@ -67,11 +73,30 @@ template <int Bytes>
     const Vector exact = high * upper;
     const Vector sum = high + exact;
     const Vector lost = exact - (sum - high);
-    const Vector small = lost + (low + (low * (upper + tail) + high * tail));
-    const Vector above = sum + (small + doubt);
-    const Vector below = sum + (small - doubt);
-    const Bits scaled = reinterpret_cast<Bits>(above) + ((integer >> 7) << 52);
-    return {reinterpret_cast<Vector>(scaled), reinterpret_cast<Bits>(above) ^ reinterpret_cast<Bits>(below)};
+    parts.Sum = sum;
+    parts.Small = lost + (low + (low * (upper + tail) + high * tail));
+    parts.Integer = integer;
+}
+
+template <int Bytes>
+struct QuickResult {
+    typename VectorOf<Bytes>::Doubles Value;
+    typename VectorOf<Bytes>::Bits Doubt; // 0 in the lanes where the rounding is certain
+};
+
+/// e^x for |x| up to 708, where it is a normal number.
+template <int Bytes>
+[[gnu::always_inline]] inline void QuickExponential(const typename VectorOf<Bytes>::Doubles& x,
+                                                    QuickResult<Bytes>& result) {
+    using Vector = typename VectorOf<Bytes>::Doubles;
+    using Bits = typename VectorOf<Bytes>::Bits;
+    QuickParts<Bytes> parts;
+    TakeQuickParts(x, parts);
+    const Vector above = parts.Sum + (parts.Small + parts.Doubt);
+    const Vector below = parts.Sum + (parts.Small - parts.Doubt);
+    const Bits scaled = reinterpret_cast<Bits>(above) + ((parts.Integer >> 7) << 52);
+    result.Value = reinterpret_cast<Vector>(scaled);
+    result.Doubt = reinterpret_cast<Bits>(above) ^ reinterpret_cast<Bits>(below);
 }
 
 } // namespace vastrel

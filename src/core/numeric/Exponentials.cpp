@@ -14,14 +14,16 @@ namespace {
 
 using Index = std::ptrdiff_t;
 
-constexpr Index BlockLength = 64;
+constexpr Index BlockLength = 256;
+constexpr Index LanesAtMost = 8;
 
-/// The exponentials of a block; hands back whether any lane of `doubt` is not 0 and has to be worked out
-/// anew.
+/// The exponentials of a block of whole vectors; hands back whether any lane of `doubt` is not 0 and has to
+/// be worked out anew.
 ///
 /// This is the one body for all instruction sets: it is inlined into functions that carry their attribute.
 template <int Bytes>
-[[gnu::always_inline]] inline bool QuickBlock(const double* x, double* result, long long* doubt) {
+[[gnu::always_inline]] inline bool QuickBlock(const double* x, Index length, double* result,
+                                              long long* doubt) {
     using Vector = typename VectorOf<Bytes>::Doubles;
     using Unaligned = typename VectorOf<Bytes>::Unaligned;
     using Bits = typename VectorOf<Bytes>::Bits;
@@ -35,12 +37,13 @@ template <int Bytes>
     constexpr auto infinity = 0x7FFLL << 52;
 
     Bits anyDoubt{};
-    for (Index i = 0; i < BlockLength; i += lanes) {
+    for (Index i = 0; i < length; i += lanes) {
         const Bits bits = reinterpret_cast<Bits>(*reinterpret_cast<const Unaligned*>(x + i));
         const Bits magnitude = bits & ~sign;
         const Bits isOutside = (largest - magnitude) >> 63; // all bits of a lane, or none
         const Bits isZero = bits & (vanishing - magnitude) & ~(infinity - magnitude);
-        const auto quick = QuickExponential<Bytes>(reinterpret_cast<Vector>(bits & ~isOutside));
+        QuickResult<Bytes> quick;
+        QuickExponential(reinterpret_cast<Vector>(bits & ~isOutside), quick);
         const Bits others = (quick.Doubt & ~isOutside) | (isOutside & ~isZero & sign);
         *reinterpret_cast<Unaligned*>(result + i) =
             reinterpret_cast<Vector>(reinterpret_cast<Bits>(quick.Value) & ~isOutside);
@@ -53,14 +56,15 @@ template <int Bytes>
     return any != 0;
 }
 
-using TakeBlock = bool (*)(const double* x, double* result, long long* doubt);
+using TakeBlock = bool (*)(const double* x, Index length, double* result, long long* doubt);
 
 #if defined(__x86_64__)
-[[gnu::target("avx512f")]] bool QuickBlockAvx512(const double* x, double* result, long long* doubt) {
-    return QuickBlock<64>(x, result, doubt);
+[[gnu::target("avx512f")]] bool QuickBlockAvx512(const double* x, Index length, double* result,
+                                                 long long* doubt) {
+    return QuickBlock<64>(x, length, result, doubt);
 }
-[[gnu::target("avx2")]] bool QuickBlockAvx2(const double* x, double* result, long long* doubt) {
-    return QuickBlock<32>(x, result, doubt);
+[[gnu::target("avx2")]] bool QuickBlockAvx2(const double* x, Index length, double* result, long long* doubt) {
+    return QuickBlock<32>(x, length, result, doubt);
 }
 #endif
 
@@ -87,10 +91,13 @@ void Exponentials(const double* x, Index n, double* result) {
     for (Index i = 0; i < n; i += BlockLength) {
         const Index count = std::min(BlockLength, n - i);
         std::copy_n(x + i, count, arguments.begin()); // what stands behind them is of an earlier block, or 0
-        if (quickBlock(arguments.data(), values.data(), doubt.data()))
-            for (std::size_t at = 0; at < static_cast<std::size_t>(count); ++at)
-                if (doubt[at] != 0) values[at] = Exponential(arguments[at]);
-        std::copy_n(values.begin(), count, result + i);
+        double* to = count == BlockLength ? result + i : values.data();
+        const Index length = (count + LanesAtMost - 1) / LanesAtMost * LanesAtMost;
+        if (quickBlock(arguments.data(), length, to, doubt.data()))
+            for (Index at = 0; at < count; ++at)
+                if (doubt[static_cast<std::size_t>(at)] != 0)
+                    to[at] = Exponential(arguments[static_cast<std::size_t>(at)]);
+        if (count < BlockLength) std::copy_n(to, count, result + i);
     }
 }
 

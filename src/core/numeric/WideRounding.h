@@ -2,6 +2,7 @@
 
 #include "core/numeric/WideFunctions.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace vastrel {
