@@ -1,5 +1,6 @@
-// Linked with the sources of the batch program, this makes it take the instruction set and the number of workers
-// that the environment names, for the checksums of every machine. Status 77 where the processor lacks the set.
+// Linked with the sources of the batch program, this makes it take the instruction set and the number of
+// workers that the environment names, for the checksums of every machine. Status 77 where the processor lacks
+// the set.
 #include "core/numeric/InstructionSet.h"
 #include "core/numeric/RowWorkers.h"
 #include "core/platform/RunTimeError.h"

@@ -8,16 +8,16 @@ namespace vastrel {
 
 /// The double nearest to a function's exact value, as the MPFR library has it: 53 bits, the exponents of
 /// doubles, and one rounding only where the result is subnormal.
-class Nearest {
+class NearestByMpfr {
 public:
-    Nearest() {
+    NearestByMpfr() {
         mpfr_set_emin(-1073);
         mpfr_set_emax(1024);
         mpfr_inits2(53, x_, y_, result_, nullptr);
     }
-    ~Nearest() { mpfr_clears(x_, y_, result_, nullptr); }
-    Nearest(const Nearest&) = delete;
-    Nearest& operator=(const Nearest&) = delete;
+    ~NearestByMpfr() { mpfr_clears(x_, y_, result_, nullptr); }
+    NearestByMpfr(const NearestByMpfr&) = delete;
+    NearestByMpfr& operator=(const NearestByMpfr&) = delete;
 
     double Exponential(double x) { return Of(mpfr_exp, x); }
     double Logarithm(double x) { return Of(mpfr_log, x); }

@@ -1,5 +1,6 @@
 // Every elementary function against MPFR: not one result may differ in a bit.
 #include "core/numeric/Elementary.h"
+#include "core/numeric/ElementarySupport.h"
 #include "core/numeric/Power.h"
 #include "rounding/Arguments.h"
 #include "rounding/Mpfr.h"
@@ -47,7 +48,7 @@ protected:
             test();
     }
 
-    Nearest nearest_;
+    NearestByMpfr nearest_;
     Arguments random_ = ArgumentsOfTheRun();
 };
 
@@ -179,12 +180,17 @@ TEST_F(Rounding, OfPowersThatLieHalfWayBetweenTwoDoubles) {
     }
 }
 
-/// Arguments whose results lie nearer to the middle between two doubles than all others that a search went
-/// over; from tests/rounding/HardCases.cpp, and the two that are known as the hardest of all in the whole
-/// range.
+/// Arguments whose results lie nearer to the middle between two doubles than 2^-29 of their distance, found
+/// by tests/rounding/hard_cases.cpp; and the first, known as the hardest of all exponentials, nearer than
+/// 2^-58.
 TEST_F(Rounding, OfTheHardestArguments) {
-    for (const double x : {0x1.9e9cbbfd6080bp-31})
+    const auto isHard = [](double x, int bits) {
+        const auto value = WideExponential(WideOf<6>(PartsOf(std::fabs(x))), x < 0);
+        return !NearestBitsIfSure(value, 52 + bits);
+    };
+    EXPECT_TRUE(isHard(0x1.9e9cbbfd6080bp-31, 58));
+    for (const double x : {0x1.9e9cbbfd6080bp-31, -0x1.0000008a69615p+0, -0x1.000001e92ef0cp+0}) {
+        EXPECT_TRUE(isHard(x, 29)) << x;
         Around(x, [&](double at) { OfExponential(at); });
-    for (const double x : {0x1.62a88613629b5p+678})
-        Around(x, [&](double at) { OfLogarithm(at); });
+    }
 }
