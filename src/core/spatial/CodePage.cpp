@@ -73,6 +73,14 @@ std::string SetOfLanguage(int byte) {
     return "";
 }
 
+/// The first line of a .cpg file without blanks around it: the converter may know the set by this name.
+std::string NameAsItStands(std::string_view cpg) {
+    constexpr const char* blanks = " \t";
+    const std::string line(cpg.substr(0, cpg.find_first_of("\r\n")));
+    const size_t first = line.find_first_not_of(blanks);
+    return first == std::string::npos ? "" : line.substr(first, line.find_last_not_of(blanks) + 1 - first);
+}
+
 /// The name of a .cpg file's first line in capitals, without blanks and signs: "ISO 8859-1" is "ISO88591".
 std::string PlainName(std::string_view cpg) {
     std::string name;
@@ -112,6 +120,7 @@ bool IsKnown(const std::string& set) {
 
 CodePage::CodePage(std::string_view cpg, int languageByte) {
     std::string set = SetOfName(PlainName(cpg));
+    if (!IsKnown(set)) set = NameAsItStands(cpg);
     if (!IsKnown(set)) set = SetOfLanguage(languageByte);
     if (IsKnown(set) && set != Utf8) name_ = set;
 }

@@ -59,3 +59,16 @@ TEST(CodePage, MarksBytesThatStandForNothing) {
     // 0x81 is no character of Windows-1250.
     EXPECT_EQ(CodePage("1250", 0).Decode("a\x81z\xF3"), "a?z\xC3\xB3");
 }
+
+// The same characters in the sets' own tables: U+4E2D U+6587 (Chinese), U+65E5 U+672C (Japan), U+D55C
+// (Korean).
+TEST(CodePage, HandsAnyOtherNameToTheConverterAsItStands) {
+    const std::string chinese = "\xE4\xB8\xAD\xE6\x96\x87", japan = "\xE6\x97\xA5\xE6\x9C\xAC";
+    EXPECT_EQ(CodePage("GBK", 0x57).Decode("\xD6\xD0\xCE\xC4"), chinese);
+    EXPECT_EQ(CodePage(" GB18030 \r\n", 0).Decode("\xD6\xD0\xCE\xC4"), chinese);
+    EXPECT_EQ(CodePage("Big5", 0).Decode("\xA4\xA4\xA4\xE5"), chinese);
+    EXPECT_EQ(CodePage("Shift_JIS", 0x03).Decode("\x93\xFA\x96\x7B"), japan);
+    EXPECT_EQ(CodePage("EUC-KR", 0).Decode("\xC7\xD1"), "\xED\x95\x9C");
+    EXPECT_EQ(CodePage("KOI8-R", 0).Decode("\xEB\xC9\xC5\xD7"), "\xD0\x9A\xD0\xB8\xD0\xB5\xD0\xB2");
+    EXPECT_EQ(CodePage("macintosh", 0x57).Decode("K\x9Aln"), Koeln);
+}
