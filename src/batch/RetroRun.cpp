@@ -74,7 +74,7 @@ void RetroRun::AddChart() {
     const ChartPicture chart{ws.ChartData,
                              ws.ChartLabels,
                              {SweepStatCaption(variable_), SweepCriticalCaption(variable_)},
-                             "Bandwidth(Sigma)"};
+                             BandwidthAxisTitle};
     outputs_.Add(options_.Chart, DrawChart(options_.Chart, chart));
 }
 

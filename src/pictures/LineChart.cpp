@@ -1,18 +1,11 @@
 #include "pictures/LineChart.h"
 
-#include "core/platform/ErrorBoundary.h"
-#include "core/platform/Platform.h"
-#include "core/text/TextFile.h"
-
-#include <QApplication>
-#include <QBuffer>
-#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QSvgGenerator>
-#include <QTemporaryFile>
 #include <QVBoxLayout>
 #include <qcustomplot.h>
+
+#include <cmath>
 
 namespace vastrel {
 
@@ -33,11 +26,14 @@ LineChart::LineChart(QWidget* parent) : QWidget(parent), plot_(new QCustomPlot(t
         if (series == 0) graph->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, 5));
     }
     plot_->setBackground(Qt::white);
+    QLocale points = QLocale::c(); // the decimal sign of all numbers of the program
+    points.setNumberOptions(QLocale::OmitGroupSeparator);
+    plot_->setLocale(points);
     plot_->setAttribute(Qt::WA_TransparentForMouseEvents);
     plot_->xAxis->setTicker(QSharedPointer<QCPAxisTickerText>::create());
     plot_->xAxis->setSubTicks(false);
     plot_->legend->setVisible(false);
-    setMinimumSize(160, 100);
+    setMinimumSize(160, 70);
 }
 
 void LineChart::PlaceKeyAboveChart() {
@@ -61,7 +57,8 @@ void LineChart::PlaceKeyAboveChart() {
 
 void LineChart::SetData(const Table<double>& table) {
     const std::ptrdiff_t rows = table.UpperBound1() + 1;
-    labels_.assign(static_cast<size_t>(rows), "");
+    shown_.Data = table;
+    shown_.RowLabels.assign(static_cast<size_t>(rows), "");
     for (int series = 0; series < 2; ++series) {
         QVector<double> x, y;
         for (std::ptrdiff_t row = 0; row < rows; ++row) {
@@ -73,22 +70,38 @@ void LineChart::SetData(const Table<double>& table) {
     // A line through one row is a point, and has to be drawn as one.
     plot_->graph(1)->setScatterStyle(rows == 1 ? QCPScatterStyle(QCPScatterStyle::ssSquare, 6)
                                                : QCPScatterStyle(QCPScatterStyle::ssNone));
-    plot_->rescaleAxes();
     plot_->xAxis->setRange(0.5, static_cast<double>(rows) + 0.5);
-    plot_->yAxis->scaleRange(1.1);
+    ScaleValues();
     ThinOutLabels(plot_->width());
     setAccessibleDescription(Spoken());
+}
+
+/// The range of all values and a little more; about a single value it goes by that value alone.
+void LineChart::ScaleValues() {
+    bool found = false;
+    const QCPRange first = plot_->graph(0)->getValueRange(found);
+    QCPRange range = plot_->graph(1)->getValueRange(found);
+    range.expand(first);
+    if (range.size() > 0)
+        plot_->yAxis->setRange(range);
+    else
+        plot_->yAxis->setRange(range.center(), std::max(2.0, std::abs(range.center())), Qt::AlignCenter);
+    plot_->yAxis->scaleRange(1.1);
+}
+
+std::pair<double, double> LineChart::ValueRange() const {
+    return {plot_->yAxis->range().lower, plot_->yAxis->range().upper};
 }
 
 void LineChart::SetRows(const Table<double>& table, const std::vector<std::string>& labels) {
     SetData(table);
     for (size_t row = 0; row < labels.size(); ++row)
-        labels_.at(row) = labels[row];
+        shown_.RowLabels.at(row) = labels[row];
     ThinOutLabels(plot_->width());
 }
 
 void LineChart::SetRowLabel(int row, const std::string& label) {
-    labels_.at(static_cast<size_t>(row - 1)) = label;
+    shown_.RowLabels.at(static_cast<size_t>(row - 1)) = label;
     ThinOutLabels(plot_->width());
 }
 
@@ -97,16 +110,18 @@ void LineChart::ThinOutLabels(int width) {
     ticker->clear();
     const QFontMetrics metrics(plot_->xAxis->tickLabelFont());
     int widest = 1;
-    for (const auto& label : labels_)
+    for (const auto& label : shown_.RowLabels)
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(label)));
     const size_t room = static_cast<size_t>(std::max(1, (width - 60) / (widest + 8)));
-    const size_t every = std::max<size_t>(1, (labels_.size() + room - 1) / room);
-    for (size_t i = 0; i < labels_.size(); i += every)
-        ticker->addTick(static_cast<double>(i + 1), QString::fromStdString(labels_[i]));
+    const size_t every = std::max<size_t>(1, (shown_.RowLabels.size() + room - 1) / room);
+    for (size_t i = 0; i < shown_.RowLabels.size(); i += every)
+        ticker->addTick(static_cast<double>(i + 1), QString::fromStdString(shown_.RowLabels[i]));
     plot_->replot(QCustomPlot::rpQueuedReplot);
 }
 
 void LineChart::SetSpokenNames(const std::string& first, const std::string& second) {
+    shown_.SeriesNames[0] = first;
+    shown_.SeriesNames[1] = second;
     plot_->graph(0)->setName(QString::fromStdString(first));
     plot_->graph(1)->setName(QString::fromStdString(second));
     setAccessibleDescription(Spoken());
@@ -118,6 +133,7 @@ void LineChart::SetSeriesNames(const std::string& first, const std::string& seco
 }
 
 void LineChart::SetAxisTitle(const std::string& title) {
+    SetTitleBeside(title);
     plot_->xAxis->setLabel(QString::fromStdString(title));
 }
 
@@ -129,32 +145,22 @@ void LineChart::Repaint() {
 QString LineChart::Spoken() const {
     return QString("Line chart of %1 and %2 over %3 rows.")
         .arg(plot_->graph(0)->name(), plot_->graph(1)->name())
-        .arg(labels_.size());
+        .arg(shown_.RowLabels.size());
 }
 
-std::string LineChart::PictureBytes(const std::string& format, int width, int height) {
-    ThinOutLabels(width);
-    if (format == "pdf") {
-        QTemporaryFile file; // the chart library writes a PDF to a named file only
-        file.open();
-        plot_->savePdf(file.fileName(), width, height);
-        return file.readAll().toStdString();
-    }
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (format == "svg") {
-        QSvgGenerator generator;
-        generator.setOutputDevice(&buffer);
-        generator.setSize(QSize(width, height));
-        generator.setViewBox(QRect(0, 0, width, height));
-        QCPPainter painter;
-        painter.begin(&generator);
-        plot_->toPainter(&painter, width, height);
-        painter.end();
-    } else {
-        plot_->toPixmap(width, height, 2).save(&buffer, "PNG");
-    }
-    return buffer.data().toStdString();
+Picture LineChart::PictureOf(const ChartPicture& chart, const QSize& size) {
+    return {size, [chart, size](QPaintDevice& device) {
+                LineChart whole;
+                whole.resize(size);
+                whole.SetRows(chart.Data, chart.RowLabels);
+                whole.SetSeriesNames(chart.SeriesNames[0], chart.SeriesNames[1]);
+                whole.SetAxisTitle(chart.AxisTitle);
+                whole.ThinOutLabels(size.width());
+                QCPPainter painter;
+                painter.begin(&device);
+                painter.setModes(QCPPainter::pmNoCaching | QCPPainter::pmNonCosmetic);
+                whole.plot_->toPainter(&painter, size.width(), size.height());
+            }};
 }
 
 void LineChart::resizeEvent(QResizeEvent* event) {
@@ -166,21 +172,8 @@ void LineChart::resizeEvent(QResizeEvent* event) {
 
 void LineChart::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
-    menu.addAction("&Copy picture", this,
-                   [this] { QApplication::clipboard()->setPixmap(plot_->toPixmap(0, 0, 2)); });
-    menu.addAction("&Save picture...", this, [this] { InBoundary([this] { SavePicture(); }); });
+    AddPictureEntries(menu, [this] { return PictureOf(shown_, size()); });
     menu.exec(event->globalPos());
-}
-
-void LineChart::SavePicture() {
-    const FileChoice choice = platform().ChooseFile({FileQuestion::Kind::Save,
-                                                     "PNG picture (*.png)|*.png|SVG picture (*.svg)|*.svg|"
-                                                     "PDF document (*.pdf)|*.pdf",
-                                                     "png"});
-    if (choice.Path.empty()) return;
-    const QString ending = QString::fromStdString(choice.Title).section('.', -1).toLower();
-    const std::string format = ending == "svg" || ending == "pdf" ? ending.toStdString() : "png";
-    WriteFile(choice.Path, PictureBytes(format, plot_->width(), plot_->height()));
 }
 
 } // namespace vastrel

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "core/workspace/Arrays.h"
+#include "core/display/ChartPicture.h"
+#include "pictures/Picture.h"
 
 #include <QWidget>
 
-#include <string>
-#include <vector>
+#include <utility>
 
 class QCustomPlot;
 
@@ -31,15 +31,22 @@ public:
     /// The names of the two series, and the chart's own key with them.
     void SetSeriesNames(const std::string& first, const std::string& second);
 
-    /// The names alone, where a key stands beside the chart: whoever cannot see the chart is told them.
-    void SetSpokenNames(const std::string& first, const std::string& second);
     void SetAxisTitle(const std::string& title);
+
+    /// Names and title where they stand beside the chart: its pictures have them inside all the same, and
+    /// whoever cannot see the chart is told the names.
+    void SetSpokenNames(const std::string& first, const std::string& second);
+    void SetTitleBeside(const std::string& title) { shown_.AxisTitle = title; }
 
     /// Brings the chart to the screen at once, without serving events.
     void Repaint();
 
-    /// The bytes of the picture's file: "png", "svg" or "pdf".
-    std::string PictureBytes(const std::string& format, int width, int height);
+    /// A chart as a picture of this size, with its key and the title of its axis.
+    static Picture PictureOf(const ChartPicture& chart, const QSize& size);
+
+    /// What the chart shows, and the ends of its scale of values.
+    const ChartPicture& Shown() const { return shown_; }
+    std::pair<double, double> ValueRange() const;
 
     /// What a person who cannot see the chart is told of it.
     QString Spoken() const;
@@ -50,11 +57,11 @@ protected:
 
 private:
     void PlaceKeyAboveChart();
+    void ScaleValues();
     void ThinOutLabels(int width);
-    void SavePicture();
 
     QCustomPlot* plot_;
-    std::vector<std::string> labels_;
+    ChartPicture shown_;
 };
 
 } // namespace vastrel

@@ -2,7 +2,30 @@
 
 #include <QFontDatabase>
 
+#include <cmath>
+
 namespace vastrel {
+
+namespace {
+
+/// The box of a point on a map, at most.
+bool IsMark(const QPolygonF& ring) {
+    constexpr double widest = 4;
+    const QRectF bounds = ring.boundingRect();
+    return bounds.width() <= widest && bounds.height() <= widest;
+}
+
+/// How far a mark is moved so that all of a kind cover the same pixels: at a scale like 1.5 the centres of
+/// logical pixels fall on different places of a device pixel. Nothing at whole scales.
+QPointF ToPixel(const QPainter& painter, const QPointF& centre) {
+    const QTransform toDevice = painter.deviceTransform();
+    const QPointF origin = toDevice.map(QPointF(0.5, 0.5));
+    const QPointF away = toDevice.map(centre) - origin;
+    const QPointF whole(std::round(away.x()), std::round(away.y()));
+    return toDevice.inverted().map(origin + whole) - centre;
+}
+
+} // namespace
 
 QColor ToQColor(Colour colour) {
     return {static_cast<int>(colour & 0xFF), static_cast<int>((colour >> 8) & 0xFF),
@@ -31,7 +54,9 @@ QBrush PaintedSurface::Brush() const {
 
 void PaintedSurface::Erase() {
     const SurfaceSize size = Size();
-    Painter().fillRect(QRectF(0, 0, size.ScaleWidth, size.ScaleHeight), Qt::white);
+    Paint([inside = QRectF(0, 0, size.ScaleWidth, size.ScaleHeight)](QPainter& painter) {
+        painter.fillRect(inside, Qt::white);
+    });
 }
 
 void PaintedSurface::Polygon(const std::vector<PlotPoint>& corners) {
@@ -39,51 +64,59 @@ void PaintedSurface::Polygon(const std::vector<PlotPoint>& corners) {
     ring.reserve(static_cast<qsizetype>(corners.size()));
     for (const PlotPoint& corner : corners)
         ring << QPointF(corner.X + 0.5, corner.Y + 0.5); // the centre of the pixel
-    QPainter& painter = Painter();
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(PenOf(pen_));
-    painter.setBrush(Brush());
-    painter.drawPolygon(ring, Qt::OddEvenFill);
+    Paint([ring, pen = PenOf(pen_), brush = Brush()](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        painter.drawPolygon(IsMark(ring) ? ring.translated(ToPixel(painter, ring.boundingRect().center()))
+                                         : ring,
+                            Qt::OddEvenFill);
+    });
 }
 
 void PaintedSurface::Circle(double x, double y, double radius, Colour colour) {
-    QPainter& painter = Painter();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(PenOf(colour));
-    painter.setBrush(Brush());
-    painter.drawEllipse(QPointF(x + 0.5, y + 0.5), radius, radius);
+    Paint([centre = QPointF(x + 0.5, y + 0.5), radius, pen = PenOf(colour),
+           brush = Brush()](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        painter.drawEllipse(centre + ToPixel(painter, centre), radius, radius);
+    });
 }
 
 void PaintedSurface::Box(double left, double top, double right, double bottom, Colour colour) {
-    QPainter& painter = Painter();
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(PenOf(colour));
-    painter.setBrush(Brush());
-    painter.drawRect(QRectF(QPointF(left + 0.5, top + 0.5), QPointF(right + 0.5, bottom + 0.5)));
+    const QRectF box(QPointF(left + 0.5, top + 0.5), QPointF(right + 0.5, bottom + 0.5));
+    Paint([box, pen = PenOf(colour), brush = Brush()](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        painter.drawRect(box);
+    });
 }
 
 void PaintedSurface::Point(double x, double y, Colour colour) {
-    QPainter& painter = Painter();
-    painter.setRenderHint(QPainter::Antialiasing, true);
     QPen pen = PenOf(colour);
     pen.setCapStyle(Qt::RoundCap);
-    painter.setPen(pen);
-    painter.drawPoint(QPointF(x + 0.5, y + 0.5));
+    Paint([at = QPointF(x + 0.5, y + 0.5), pen](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing, true);
+        painter.setPen(pen);
+        painter.drawPoint(at);
+    });
 }
 
 void PaintedSurface::Text(double x, double y, const std::string& text) {
     // What a printed legend has beside its boxes on the polygon map; a wider text is narrowed to it.
     constexpr double room = 104;
-    QPainter& painter = Painter();
-    painter.setFont(LegendFont());
-    painter.setPen(Qt::black);
-    const QString shown = QString::fromStdString(text);
-    const double width = painter.fontMetrics().horizontalAdvance(shown);
-    painter.save();
-    painter.translate(x, y + painter.fontMetrics().ascent());
-    if (width > room) painter.scale(room / width, 1);
-    painter.drawText(QPointF(0, 0), shown);
-    painter.restore();
+    Paint([x, y, shown = QString::fromStdString(text)](QPainter& painter) {
+        painter.setFont(LegendFont());
+        painter.setPen(Qt::black);
+        const double width = painter.fontMetrics().horizontalAdvance(shown);
+        painter.save();
+        painter.translate(x, y + painter.fontMetrics().ascent());
+        if (width > room) painter.scale(room / width, 1);
+        painter.drawText(QPointF(0, 0), shown);
+        painter.restore();
+    });
 }
 
 } // namespace vastrel

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <functional>
+
 namespace vastrel {
 
 /// A plot surface over a painter. Whoever derives from it says which device is painted on.
@@ -24,8 +26,12 @@ public:
     static QFont LegendFont();
 
 protected:
-    /// The open painter in logical pixels, its origin inside the frame.
-    virtual QPainter& Painter() = 0;
+    /// One stroke of a drawing: it knows all that it needs but the painter, in logical pixels, its origin
+    /// inside the frame.
+    using Stroke = std::function<void(QPainter& painter)>;
+
+    /// Paints a stroke. Whoever keeps it can paint it again.
+    virtual void Paint(const Stroke& stroke) = 0;
 
 private:
     QPen PenOf(Colour colour) const;

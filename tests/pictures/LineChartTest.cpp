@@ -125,6 +125,54 @@ TEST_F(LineChartTest, CopiesItsPicture) {
     EXPECT_FALSE(QApplication::clipboard()->pixmap().isNull());
 }
 
+/// The words of a chart's picture: a file of lines has them as text.
+std::string Words(const LineChart& chart) {
+    return PictureBytes("svg", LineChart::PictureOf(chart.Shown(), chart.size()));
+}
+
+TEST_F(LineChartTest, HasKeyAndTitleInItsPictureWhereTheyStandBesideIt) {
+    LineChart beside;
+    beside.resize(500, 200);
+    beside.SetRows(Climbing(10), Numbered(10));
+    beside.SetSpokenNames("Chi", "Chi*");
+    beside.SetTitleBeside("Bandwidth(Sigma)");
+    for (const char* word : {">Chi<", ">Chi*<", ">Bandwidth(Sigma)<"})
+        EXPECT_NE(Words(beside).find(word), std::string::npos) << word;
+}
+
+TEST_F(LineChartTest, WritesItsNumbersWithAPointInEveryLocale) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    LineChart chart;
+    Table<double> table(1, 1);
+    table(1, 0) = 0.5;
+    chart.SetSeriesNames("Cusum", "h-value");
+    chart.resize(500, 200);
+    chart.SetRows(table, Numbered(2));
+    const std::string words = Words(chart);
+    QLocale::setDefault(before);
+    EXPECT_NE(words.find(">0.2<"), std::string::npos);
+    EXPECT_EQ(words.find(">0,2<"), std::string::npos);
+}
+
+TEST_F(LineChartTest, ScalesAFlatLineByItsValueAlone) {
+    Table<double> flat(3, 1);
+    for (int row = 0; row <= 3; ++row)
+        flat(row, 0) = flat(row, 1) = 7;
+    LineChart fresh;
+    fresh.resize(Chart.size());
+    fresh.SetSeriesNames("Cusum", "h-value");
+    fresh.SetRows(flat, Numbered(4));
+    Chart.SetRows(Climbing(400), Numbered(400)); // a range of another kind before
+    Chart.SetRows(flat, Numbered(4));
+    EXPECT_EQ(Chart.ValueRange(), fresh.ValueRange());
+    EXPECT_LT(Chart.ValueRange().first, 7);
+    EXPECT_GT(Chart.ValueRange().second, 7);
+    Table<double> zero(3, 1);
+    Chart.SetRows(zero, Numbered(4));
+    EXPECT_DOUBLE_EQ(Chart.ValueRange().first, -Chart.ValueRange().second);
+}
+
 TEST_F(LineChartTest, SavesItsPictureInTheFormatOfTheName) {
     const TemporaryFolder folder;
     Chart.SetRows(Climbing(10), Numbered(10));

@@ -5,6 +5,8 @@
 #include <QFontMetrics>
 #include <QImage>
 
+#include <set>
+
 #include <gtest/gtest.h>
 
 using namespace vastrel;
@@ -60,4 +62,57 @@ TEST(PaintedSurfaceTest, WritesPicturesAsFiles) {
     EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(png), "PNG").size(), QSize(400, 400));
     const std::string svg = SvgPicture(FramedSurface(1560, 1560), draw);
     EXPECT_NE(svg.find("SIGNAL"), std::string::npos);
+}
+
+namespace {
+
+/// A surface on an image of 1.5 pixels to a logical one.
+class FineSurface : public PaintedSurface {
+public:
+    FineSurface() {
+        Image.setDevicePixelRatio(1.5);
+        Image.fill(Qt::white);
+    }
+    SurfaceSize Size() const override { return FramedSurface(1560, 1560); }
+    void Refresh() override {}
+
+    QImage Image{150, 150, QImage::Format_RGB32};
+
+protected:
+    void Paint(const Stroke& stroke) override {
+        QPainter painter(&Image);
+        stroke(painter);
+    }
+};
+
+/// What a symbol of a point covers around the pixel that its centre falls on.
+std::string Look(const std::function<void(PlotSurface&, int)>& draw, int at) {
+    FineSurface surface;
+    draw(surface, at);
+    std::string look;
+    QRect ink;
+    for (int y = 0; y < 150; ++y)
+        for (int x = 0; x < 150; ++x)
+            if (surface.Image.pixelColor(x, y) != QColor(Qt::white)) ink |= QRect(x, y, 1, 1);
+    for (int y = ink.top(); y <= ink.bottom(); ++y)
+        for (int x = ink.left(); x <= ink.right(); ++x)
+            look +=
+                std::to_string(surface.Image.pixelColor(x, y).lightness()) + (x == ink.right() ? "\n" : " ");
+    return look;
+}
+
+} // namespace
+
+TEST(PaintedSurfaceTest, DrawsTheSymbolsOfAClassAlikeAtEveryScale) {
+    const auto box = [](PlotSurface& surface, int at) {
+        surface.Polygon({{at - 1, at - 1}, {at + 1, at - 1}, {at + 1, at + 1}, {at - 1, at + 1}});
+    };
+    const auto circle = [](PlotSurface& surface, int at) { surface.Circle(at, at, 4, Colours::Red); };
+    std::set<std::string> boxes, circles;
+    for (int at = 20; at < 30; ++at) {
+        boxes.insert(Look(box, at));
+        circles.insert(Look(circle, at));
+    }
+    EXPECT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(circles.size(), 1U);
 }

@@ -12,6 +12,7 @@ namespace vastrel {
 /// The captions of the two series.
 constexpr const char* CusumSeriesCaption = "Cusum";
 constexpr const char* ThresholdSeriesCaption = "h-value";
+constexpr const char* PeriodAxisTitle = "Period";
 
 /// Prepares the table for `periods` periods against the threshold h, rows labelled 1, 2, ...
 void ChartSet(std::ptrdiff_t periods, double h);

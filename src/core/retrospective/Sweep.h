@@ -34,5 +34,6 @@ std::ptrdiff_t SweepStepOfRow(std::ptrdiff_t row);
 /// The captions of the two chart series: "Chi" and "Chi*", or "M" and "M*".
 const char* SweepStatCaption(RetroVariable variable);
 const char* SweepCriticalCaption(RetroVariable variable);
+constexpr const char* BandwidthAxisTitle = "Bandwidth(Sigma)";
 
 } // namespace vastrel

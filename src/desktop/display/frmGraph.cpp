@@ -1,6 +1,7 @@
 #include "desktop/display/frmGraph.h"
 
 #include "core/display/PlotSurface.h"
+#include "core/prospective/CusumChart.h"
 #include "core/workspace/Workspace.h"
 #include "ui_frmGraph.h"
 
@@ -8,7 +9,8 @@ namespace vastrel {
 
 frmGraph::frmGraph() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmGraph>()) {
     ui_->setupUi(this);
-    ui_->MSChart1->SetSeriesNames("Cusum", "h-value");
+    ui_->MSChart1->SetSeriesNames(CusumSeriesCaption, ThresholdSeriesCaption);
+    ui_->MSChart1->SetTitleBeside(PeriodAxisTitle);
     TakeDesign();
 }
 

@@ -9,6 +9,7 @@
 #include "core/workspace/Workspace.h"
 #include "desktop/display/PolygonTools.h"
 #include "desktop/toolkit/ListBox.h"
+#include "desktop/toolkit/MapPicture.h"
 #include "desktop/toolkit/OnEvent.h"
 #include "desktop/toolkit/Screens.h"
 #include "ui_frmPolygonSHP.h"
@@ -16,6 +17,7 @@
 #include <QMdiArea>
 #include <QResizeEvent>
 #include <QToolBar>
+#include <QToolTip>
 
 namespace vastrel {
 
@@ -46,7 +48,8 @@ bool BeginsGroup(const std::string& key) {
 }
 
 QString LabelColours(Colour colour) {
-    return QString("background-color: #%1%2%3; color: %4; font: italic bold 12pt 'Liberation Serif';")
+    return QString("background-color: #%1%2%3; color: %4; font: italic bold 12pt 'Times New Roman', "
+                   "'Liberation Serif';")
         .arg(colour & 0xFF, 2, 16, QChar('0'))
         .arg((colour >> 8) & 0xFF, 2, 16, QChar('0'))
         .arg((colour >> 16) & 0xFF, 2, 16, QChar('0'))
@@ -57,6 +60,8 @@ QString LabelColours(Colour colour) {
 
 frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmPolygonSHP>()) {
     ui_->setupUi(this);
+    setPalette(
+        QPalette(QColor(239, 239, 239))); // light under a dark desktop too: its legend is printed on white
     ui_->picForm->setFrameStyle(QFrame::NoFrame);
     QLabel* labels[] = {ui_->lblLeg0, ui_->lblLeg1, ui_->lblLeg2, ui_->lblLeg3, ui_->lblLeg4};
     for (int i = 0; i < CusumClassCount; ++i)
@@ -76,6 +81,10 @@ frmPolygonSHP::frmPolygonSHP() : Screen(Kind::Child), ui_(std::make_unique<Ui::f
 }
 
 frmPolygonSHP::~frmPolygonSHP() = default;
+
+void frmPolygonSHP::FillWindowMenu(QMenu& menu) {
+    OfferMapPicture(menu, {ui_->picSHP, {ui_->picLegend, ui_->imgM_Legend}, ui_->picForm});
+}
 
 void frmPolygonSHP::BuildToolbar() {
     for (const ToolbarItem& item : Items) {
@@ -248,7 +257,11 @@ void frmPolygonSHP::Animate() {
 
 void frmPolygonSHP::sliderStatsRange_Scroll() {
     const int k = ui_->sliderStatsRange->sliderPosition();
-    ui_->sliderStatsRange->setToolTip(QString::fromStdString(BandwidthTip(k)));
+    const QString tip = QString::fromStdString(BandwidthTip(k));
+    ui_->sliderStatsRange->setToolTip(tip);
+    // Seen while the slider moves, too: the toolkit shows a tip only to a pointer that rests.
+    QToolTip::showText(ui_->sliderStatsRange->mapToGlobal(ui_->sliderStatsRange->rect().bottomLeft()), tip,
+                       ui_->sliderStatsRange);
 }
 
 void frmPolygonSHP::sliderStatsRange_Change() {

@@ -67,6 +67,8 @@ public:
     /// What the Graph tool fills frmGraph with, for SelectedRegion: set by the screen that holds the cusums.
     std::function<void()> ShowRegionChart;
 
+    void FillWindowMenu(QMenu& menu) override;
+
 protected:
     void Form_Load() override;
     void Form_Unload() override;

@@ -11,6 +11,7 @@ namespace vastrel {
 frmExportDataset::frmExportDataset() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmExportDataset>()) {
     ui_->setupUi(this);
     TakeDesign();
+    CloseByEscape();
     const auto connect = [this](ExportList list, ComboBox* box, ComboBox* next) {
         box->Click = [=, this] { TakeColumn(list, box, next); };
     };

@@ -17,7 +17,9 @@
 #include "desktop/toolkit/Screens.h"
 #include "ui_MDIFrmMain.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QScreen>
 
 /// Resources of a static library have to be asked for, from outside every namespace.
@@ -30,17 +32,24 @@ namespace vastrel {
 MDIFrmMain::MDIFrmMain() : ui_(std::make_unique<Ui::MDIFrmMain>()) {
     ui_->setupUi(this);
     UseResources();
-    setWindowIcon(QIcon(":/vastrel.svg"));
+    QApplication::setWindowIcon(QIcon(":/vastrel.svg")); // of the dialogs too
+    setWindowIcon(QApplication::windowIcon());
+    auto* dataset = new QLabel(ui_->staMain);
+    dataset->setObjectName("lblDataset");
+    ui_->staMain->addPermanentWidget(dataset);
     screens().UseFrame(
         {ui_->mdiArea, this, [this] { ShowFrame(); },
          [this](const char* entry, bool enabled) { Entry(entry)->setEnabled(enabled); },
-         [this](const std::string& text) { ui_->staMain->showMessage(QString::fromStdString(text)); }});
+         [this](const std::string& text) { ui_->staMain->showMessage(QString::fromStdString(text)); },
+         [dataset](const std::string& text) { dataset->setText(QString::fromStdString(text)); }});
     ConnectMenu();
 }
 
 MDIFrmMain::~MDIFrmMain() = default;
 
 void MDIFrmMain::ConnectMenu() {
+    ui_->mnuFile->insertSeparator(ui_->mnuExit)->setObjectName("mnuSepInFile");
+    ui_->mnuHelp->insertSeparator(ui_->mnuAbout)->setObjectName("mnuSepInHelp");
     const auto command = [this](QAction* entry, std::function<void()> handler) {
         OnEvent(entry, &QAction::triggered, this, std::move(handler));
     };
@@ -69,17 +78,23 @@ void MDIFrmMain::ShowFrame() {
         MDIFrmMain_Load();
     }
     if (isVisible()) return;
-    const QSize desktop = screen()->availableSize();
-    if (desktop.width() < width() || desktop.height() < height())
-        showMaximized();
-    else
+    if (FitsDesktop(size(), screen()->availableSize()))
         show();
+    else
+        showMaximized();
+}
+
+bool MDIFrmMain::FitsDesktop(const QSize& frame, const QSize& desktop) {
+    constexpr QSize titleAndBorders(16, 48); // as much as window managers take
+    const QSize whole = frame + titleAndBorders;
+    return whole.width() <= desktop.width() && whole.height() <= desktop.height();
 }
 
 void MDIFrmMain::Unload() {
     if (!loaded_) return;
     screens().UnloadChildren();
     The<frmInfo>().Unload();
+    findChild<QLabel*>("lblDataset")->clear();
     loaded_ = false;
 }
 

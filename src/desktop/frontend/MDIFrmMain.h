@@ -26,6 +26,9 @@ public:
     /// Loads the frame where it is not loaded, and shows it: maximised where the desktop is smaller.
     void ShowFrame();
 
+    /// Whether a frame of this size has its title bar and its status bar on the desktop.
+    static bool FitsDesktop(const QSize& frame, const QSize& desktop);
+
     /// Unloads all child screens and the frame. Its window stays for the reload that follows at once, or for
     /// the end of the process.
     void Unload();

@@ -28,6 +28,7 @@ void TakeShapes() {
     ReadShapeHeader();
     LoadShapes();
     ws.ShapeFileTitleSaved = ws.ShapeFileTitle;
+    screens().ShowDataset(ws.ShapeFilePath, ws.NumRegion, "regions");
 }
 
 /// A column dialog that stands from a reset of the data has the lists of the old table, and is filled anew.

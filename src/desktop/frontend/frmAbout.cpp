@@ -8,6 +8,7 @@ frmAbout::frmAbout() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmAbout>()
     ui_->setupUi(this);
     TakeDesign();
     CloseByEscape();
+    setFocusPolicy(Qt::ClickFocus); // it has no control that the keyboard could begin at
     ui_->Image1->Click = [this] { Unload(); };
 }
 

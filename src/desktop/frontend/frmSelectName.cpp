@@ -11,6 +11,7 @@ namespace vastrel {
 frmSelectName::frmSelectName() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmSelectName>()) {
     ui_->setupUi(this);
     TakeDesign();
+    CloseByEscape();
     OnEvent(ui_->chkPrimaryID, &QCheckBox::toggled, this,
             [this] { ui_->cmbName1->setEnabled(ui_->chkPrimaryID->isChecked()); });
     OnEvent(ui_->chkSecondary, &QCheckBox::toggled, this,

@@ -99,7 +99,6 @@ void CusumScreen::FinishRun(StartOption start, std::ptrdiff_t lastPeriod) {
 
 void CusumScreen::AddPeriodRow(const std::string& row) {
     lstPeriod->AddItem(row);
-    lstPeriod->scrollToBottom();
 }
 
 void CusumScreen::ShowMaximumChart() {

@@ -15,6 +15,7 @@ namespace vastrel {
 frmTxtFileOpen::frmTxtFileOpen() : Screen(Kind::Child), ui_(std::make_unique<Ui::frmTxtFileOpen>()) {
     ui_->setupUi(this);
     TakeDesign();
+    CloseByEscape();
     OnEvent(ui_->cmdOpen, &QPushButton::clicked, this, [this] { cmdOpen_Click(); });
     OnEvent(ui_->cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
     OnEvent(ui_->cmdExit, &QPushButton::clicked, this, [this] { Unload(); });

@@ -38,6 +38,7 @@ frmUnivariate::frmUnivariate()
     ui_->picCusumKey->setStyleSheet("background-color: #008000");
     ui_->picHKey->setStyleSheet("background-color: #d20000");
     ui_->MSChart1->SetSpokenNames(CusumSeriesCaption, ThresholdSeriesCaption);
+    ui_->MSChart1->SetTitleBeside(PeriodAxisTitle);
     TakeControls();
     ConnectControls();
 }

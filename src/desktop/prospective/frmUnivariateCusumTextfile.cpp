@@ -7,7 +7,9 @@
 #include "core/prospective/CusumInput.h"
 #include "core/prospective/CusumRows.h"
 #include "core/workspace/Workspace.h"
+#include "desktop/toolkit/MapPicture.h"
 #include "desktop/toolkit/OnEvent.h"
+#include "desktop/toolkit/Screens.h"
 #include "ui_frmUnivariateCusumTextfile.h"
 
 #include <algorithm>
@@ -30,8 +32,10 @@ frmUnivariateCusumTextfile::frmUnivariateCusumTextfile()
     const SurfaceSize map = ProspectivePointSurface();
     ui_->picPoint->FixSize(map.Width, map.Height);
     ui_->picLegend->FixSize(1350, 1650);
-    for (auto* chart : {ui_->MSChart1, ui_->MSChart2})
+    for (auto* chart : {ui_->MSChart1, ui_->MSChart2}) {
         chart->SetSeriesNames(CusumSeriesCaption, ThresholdSeriesCaption);
+        chart->SetTitleBeside(PeriodAxisTitle);
+    }
     QSizePolicy keepsItsRoom = ui_->lblDisplay->sizePolicy();
     keepsItsRoom.setRetainSizeWhenHidden(true); // so that the map stays where it is
     ui_->lblDisplay->setSizePolicy(keepsItsRoom);
@@ -41,6 +45,10 @@ frmUnivariateCusumTextfile::frmUnivariateCusumTextfile()
 }
 
 frmUnivariateCusumTextfile::~frmUnivariateCusumTextfile() = default;
+
+void frmUnivariateCusumTextfile::FillWindowMenu(QMenu& menu) {
+    OfferMapPicture(menu, {ui_->picPoint, {ui_->picPeriod, ui_->picLegend}});
+}
 
 void frmUnivariateCusumTextfile::ConnectControls() {
     for (auto* option : {ui_->optZero, ui_->optPre})
@@ -117,6 +125,7 @@ void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
     if (!LoadIDXY(watch_, path)) return;
     DisableSave();
     ui_->txtIDXY->setText(QString::fromStdString(path));
+    screens().ShowDataset(path, watch_.RegionX.UpperBound(), "points");
     if (Start() == StartOption::Previous)
         EnableOldCusum(true);
     else if (Start() != StartOption::None)

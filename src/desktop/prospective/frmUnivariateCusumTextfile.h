@@ -22,6 +22,8 @@ public:
     frmUnivariateCusumTextfile();
     ~frmUnivariateCusumTextfile() override;
 
+    void FillWindowMenu(QMenu& menu) override;
+
 protected:
     void Form_Load() override;
 

@@ -24,6 +24,10 @@ void frmCalculatePValue::Form_Load() {
     ui_->optNormal->Select();
 }
 
+QWidget* frmCalculatePValue::FirstControl() {
+    return ui_->txtInputNormalZScore;
+}
+
 void frmCalculatePValue::optChiSquare_Click() {
     platform().ShowMessage(
         {"This p-value calculator generate an reasonable approximation only for the integer "

@@ -20,6 +20,7 @@ public:
 
 protected:
     void Form_Load() override;
+    QWidget* FirstControl() override;
 
 private:
     void optChiSquare_Click();

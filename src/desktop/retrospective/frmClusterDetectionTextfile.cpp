@@ -4,6 +4,7 @@
 #include "core/display/PointLegend.h"
 #include "core/retrospective/Sweep.h"
 #include "desktop/retrospective/frmSelectDataFormat.h"
+#include "desktop/toolkit/MapPicture.h"
 #include "desktop/toolkit/OnEvent.h"
 #include "desktop/toolkit/Screens.h"
 #include "ui_frmClusterDetectionTextfile.h"
@@ -28,7 +29,7 @@ frmClusterDetectionTextfile::frmClusterDetectionTextfile()
     const SurfaceSize map = RetroPointSurface();
     ui_->picPoint->FixSize(map.Width, map.Height);
     ui_->picLegend->FixSize(2550, 2250);
-    ui_->imgM_Legend->setGeometry(26, 27, 93, 113); // the texts beside the circles of the legend
+    ui_->imgM_Legend->setGeometry(26, 24, 93, 113); // the texts beside the circles of the legend
     ui_->lblStatsLine->setText(KeyLine("#008000", "&#9473;&#9473;"));
     ui_->lblCriticalStatsLine->setText(KeyLine("#d20000", "&#9473; &#9473;"));
     TakeControls();
@@ -38,6 +39,10 @@ frmClusterDetectionTextfile::frmClusterDetectionTextfile()
 }
 
 frmClusterDetectionTextfile::~frmClusterDetectionTextfile() = default;
+
+void frmClusterDetectionTextfile::FillWindowMenu(QMenu& menu) {
+    OfferMapPicture(menu, {ui_->picPoint, {ui_->picLegend}});
+}
 
 void frmClusterDetectionTextfile::ConnectMouse() {
     tools_.TakeOptions(*this);
@@ -100,6 +105,7 @@ void frmClusterDetectionTextfile::FinishSweep() {
     ui_->lblCriticalStats->setText(SweepCriticalCaption(Variable()));
     ui_->MSChart1->SetRows(ws.ChartData, ws.ChartLabels);
     ui_->MSChart1->SetSpokenNames(SweepStatCaption(Variable()), SweepCriticalCaption(Variable()));
+    ui_->MSChart1->SetTitleBeside(BandwidthAxisTitle);
     for (QWidget* part : ChartParts())
         part->show();
 }

@@ -23,6 +23,8 @@ public:
     /// A point dataset has been loaded: it can be run, and what was run before can no longer be saved.
     void TakeDataset();
 
+    void FillWindowMenu(QMenu& menu) override;
+
 protected:
     void Form_Load() override;
 

@@ -2,6 +2,7 @@
 
 #include "core/platform/Platform.h"
 #include "core/retrospective/PointDataset.h"
+#include "core/workspace/Workspace.h"
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 #include "desktop/toolkit/OnEvent.h"
 #include "desktop/toolkit/Screens.h"
@@ -31,6 +32,7 @@ void frmSelectDataFormat::cmdContinue_Click() {
                         : ui_->optPopCase->Value() ? PointFormat::PopCase
                                                    : PointFormat::None;
     if (!LoadPointDataset(choice.Path, format)) return Warn(WrongPointFormat);
+    screens().ShowDataset(choice.Path, static_cast<std::ptrdiff_t>(ws.NumTextRegion), "points");
     Unload();
     The<frmClusterDetectionTextfile>().TakeDataset();
 }

@@ -25,11 +25,12 @@ void frmSigmaChart::Form_Load() {
 void frmSigmaChart::ShowSweep(RetroVariable variable) {
     Load();
     setWindowTitle("Global spatial statistics");
-    ui_->txtTitle->setText("Bandwidth(Sigma)");
+    ui_->txtTitle->setText(BandwidthAxisTitle);
     ui_->lblStats->setText(SweepStatCaption(variable));
     ui_->lblCriticalStats->setText(SweepCriticalCaption(variable));
     ui_->chartPlotStatistics->SetRows(ws.ChartData, ws.ChartLabels);
     ui_->chartPlotStatistics->SetSpokenNames(SweepStatCaption(variable), SweepCriticalCaption(variable));
+    ui_->chartPlotStatistics->SetTitleBeside(BandwidthAxisTitle);
     Show();
 }
 

@@ -5,6 +5,7 @@
 #include "core/spatial/AttributeRows.h"
 #include "core/workspace/Workspace.h"
 #include "desktop/spatial/AttributeModel.h"
+#include "desktop/toolkit/TextCopy.h"
 #include "ui_frmAttTable.h"
 
 #include <algorithm>
@@ -27,6 +28,7 @@ frmAttTable::frmAttTable()
     ui_->setupUi(this);
     TakeDesign();
     ui_->MSFlexGrid1->setModel(grid_);
+    OfferTextCopy(*ui_->MSFlexGrid1);
 }
 
 frmAttTable::~frmAttTable() = default;

@@ -1,6 +1,7 @@
 #include "desktop/toolkit/ListBox.h"
 
 #include "core/platform/ErrorBoundary.h"
+#include "desktop/toolkit/TextCopy.h"
 
 #include <QFontDatabase>
 #include <QMouseEvent>
@@ -37,6 +38,7 @@ ListBox::ListBox(QWidget* parent) : QListView(parent) {
     setHorizontalScrollMode(ScrollPerPixel);
     setTextElideMode(Qt::ElideNone);
     setFont(FixedFont());
+    OfferTextCopy(*this);
 }
 
 QFont ListBox::FixedFont() {
@@ -50,6 +52,7 @@ void ListBox::Clear() {
     const QScopedValueRollback guard(quiet_, true);
     widest_ = 0;
     rows_.setStringList({});
+    scrollToTop();
 }
 
 void ListBox::AddItem(const std::string& row) {
@@ -94,7 +97,6 @@ void ListBox::SetListIndex(int row) {
 }
 
 void ListBox::RepaintNow() {
-    scrollToBottom();
     executeDelayedItemsLayout();
     viewport()->repaint();
 }
@@ -131,6 +133,11 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
 
 QSize ListBox::sizeHint() const {
     return {fontMetrics().averageCharWidth() * 52, fontMetrics().height() * 8};
+}
+
+/// Where the room is short a list shrinks to its title rows and one more, before anything has to be scrolled.
+QSize ListBox::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 20, fontMetrics().height() * 4};
 }
 
 } // namespace vastrel

@@ -49,6 +49,7 @@ protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 private:
     QStringListModel rows_;

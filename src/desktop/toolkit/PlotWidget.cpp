@@ -45,6 +45,7 @@ void PlotWidget::Renew() {
     const QSize inside = (size() - QSize(2 * FrameWidth, 2 * FrameWidth)).expandedTo(QSize(1, 1));
     if (picture_.size() == inside * devicePixelRatioF()) return; // the first show of a fixed size, say
     painter_.reset();
+    strokes_.clear();
     picture_ = QImage(inside * devicePixelRatioF(), QImage::Format_RGB32);
     picture_.setDevicePixelRatio(devicePixelRatioF());
     picture_.fill(Qt::white);
@@ -54,10 +55,21 @@ void PlotWidget::EndPainting() {
     painter_.reset();
 }
 
-QPainter& PlotWidget::Painter() {
+void PlotWidget::Erase() {
+    PaintedSurface::Erase();
+    strokes_.clear();
+}
+
+void PlotWidget::Paint(const Stroke& stroke) {
     Renew(); // a size whose event is still to come, as while a window is being maximised
     if (!painter_) painter_.emplace(&picture_);
-    return *painter_;
+    stroke(*painter_);
+    strokes_.push_back(stroke);
+}
+
+void PlotWidget::Repeat(QPainter& painter) const {
+    for (const Stroke& stroke : strokes_)
+        stroke(painter);
 }
 
 void PlotWidget::Refresh() {
@@ -70,9 +82,13 @@ QImage PlotWidget::Picture() {
     return picture_;
 }
 
+QPoint PlotWidget::Inside() {
+    return {FrameWidth, FrameWidth};
+}
+
 void PlotWidget::paintEvent(QPaintEvent* event) {
     EndPainting();
-    QPainter(this).drawImage(QPoint(FrameWidth, FrameWidth), picture_);
+    QPainter(this).drawImage(Inside(), picture_);
     QFrame::paintEvent(event);
 }
 

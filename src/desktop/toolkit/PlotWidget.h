@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace vastrel {
 
@@ -22,10 +23,17 @@ public:
     void FixSize(float width, float height);
 
     SurfaceSize Size() const override;
+    void Erase() override;
     void Refresh() override;
 
     /// What stands on the surface.
     QImage Picture();
+
+    /// Paints what stands on the white surface once more, stroke by stroke: on paper it stays sharp.
+    void Repeat(QPainter& painter) const;
+
+    /// Where the surface begins, inside the widget's frame.
+    static QPoint Inside();
 
     /// Mouse events in plot coordinates: the button (1 left, 2 right, 4 middle) and the position.
     using MouseEvent = std::function<void(int button, double x, double y)>;
@@ -33,7 +41,7 @@ public:
     std::function<void()> DblClick;
 
 protected:
-    QPainter& Painter() override;
+    void Paint(const Stroke& stroke) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -48,6 +56,7 @@ private:
     std::optional<SurfaceSize> fixed_;
     QImage picture_;
     std::optional<QPainter> painter_;
+    std::vector<Stroke> strokes_; // since the surface was white last
 };
 
 } // namespace vastrel

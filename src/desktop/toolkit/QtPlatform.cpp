@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSettings>
 
 #include <algorithm>
 #include <cstdio>
@@ -45,9 +46,25 @@ QString DialogFilter(const std::string& filter) {
     return filters.join(";;");
 }
 
+/// The extension of a filter in the toolkit's form: "PNG picture (*.png)" has "png", that for every file
+/// none.
+QString SuffixOf(const QString& filter) {
+    return filter.section("*.", 1).section(')', 0, 0);
+}
+
+/// What a name that is typed without an extension gets: the extension asked for, or else the filter's first.
+QString DefaultSuffix(const FileQuestion& question) {
+    if (!question.DefaultExtension.empty()) return Text(question.DefaultExtension);
+    return SuffixOf(DialogFilter(question.Filter).section(";;", 0, 0));
+}
+
 } // namespace
 
-QtPlatform::QtPlatform() : gate_(std::make_unique<InputGate>()) {}
+QtPlatform::QtPlatform() : gate_(std::make_unique<InputGate>()) {
+    // The toolkit's file dialog would write its history and sizes there, without being asked.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
+}
+
 QtPlatform::~QtPlatform() = default;
 
 void QtPlatform::DropInput() {
@@ -70,11 +87,10 @@ FileChoice QtPlatform::ChooseFile(const FileQuestion& question) {
                        DialogFilter(question.Filter));
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (!question.DefaultExtension.empty()) {
-        dialog.setDefaultSuffix(Text(question.DefaultExtension));
-        QObject::connect(&dialog, &QFileDialog::filterSelected, [&dialog](const QString& filter) {
-            dialog.setDefaultSuffix(filter.section("*.", 1).chopped(1)); // "PNG picture (*.png)"
-        });
+    if (!open) {
+        dialog.setDefaultSuffix(DefaultSuffix(question));
+        QObject::connect(&dialog, &QFileDialog::filterSelected,
+                         [&dialog](const QString& filter) { dialog.setDefaultSuffix(SuffixOf(filter)); });
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {"", "", true};
     const QFileInfo chosen(dialog.selectedFiles().constFirst());

@@ -12,6 +12,7 @@ class InputGate;
 /// The platform of the desktop: the one place of message boxes and file dialogs.
 class QtPlatform : public Platform {
 public:
+    /// From now on the toolkit keeps no settings: nothing is written but what the user saves.
     QtPlatform();
     ~QtPlatform() override;
 

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScopeGuard>
 
 namespace vastrel {
@@ -22,7 +23,7 @@ void Screen::TakeDesign() {
 
 void Screen::Load() {
     if (loaded_) return;
-    loaded_ = true;
+    loaded_ = begins_ = true;
     design_.Restore();
     screens().Admit(this);
     try {
@@ -43,8 +44,7 @@ void Screen::Unload() {
     } catch (...) {
         fault = std::current_exception();
     }
-    Frame()->hide();
-    emit screens().Unloaded(this);
+    screens().Dismiss(this);
     if (fault) std::rethrow_exception(fault);
 }
 
@@ -58,6 +58,18 @@ void Screen::Show() {
         screens().Activate(child);
     else
         frame->activateWindow();
+    if (auto* first = begins_ ? FirstControl() : nullptr) first->setFocus(Qt::TabFocusReason);
+    begins_ = false;
+}
+
+QWidget* Screen::FirstControl() {
+    for (QWidget* widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        const bool reached = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisibleTo(this);
+        const auto* option = qobject_cast<QRadioButton*>(widget);
+        const bool passedOver = option != nullptr && !option->isChecked();
+        if (isAncestorOf(widget) && reached && widget->isEnabled() && !passedOver) return widget;
+    }
+    return focusPolicy() == Qt::NoFocus ? nullptr : this;
 }
 
 void Screen::ShowModal() {

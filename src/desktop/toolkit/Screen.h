@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+class QMenu;
+
 namespace vastrel {
 
 /// A form. One object stands for the life of the process; loading and unloading only change its state, so a
@@ -45,9 +47,17 @@ public:
     /// Moves the window inside the main frame: the rest of the frame's size over a divisor in each direction.
     void PlaceInFrame(double leftDivisor, double topDivisor);
 
+    /// Adds the screen's own entries to the menu of its title bar's icon; called once, when its window is
+    /// made.
+    virtual void FillWindowMenu(QMenu&) {}
+
 protected:
     virtual void Form_Load() {}
     virtual void Form_Unload() {}
+
+    /// Where the keyboard begins when the screen is shown newly loaded: the first control that the Tab key
+    /// comes to. An option that is not selected is passed over.
+    virtual QWidget* FirstControl();
 
     /// To be called behind setupUi.
     void TakeDesign();
@@ -62,6 +72,7 @@ private:
     Kind kind_;
     DesignState design_;
     bool loaded_ = false;
+    bool begins_ = false; // loaded and not yet shown
     bool closesByEscape_;
     int generation_ = 0;
 };

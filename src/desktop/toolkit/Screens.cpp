@@ -3,7 +3,11 @@
 #include "core/platform/ErrorBoundary.h"
 #include "desktop/toolkit/Screen.h"
 
+#include <QApplication>
+#include <QFileInfo>
 #include <QMdiArea>
+#include <QMenu>
+#include <QResizeEvent>
 
 namespace vastrel {
 
@@ -13,7 +17,11 @@ Screens& screens() {
 }
 
 void Screens::Admit(Screen* screen) {
-    if (screen->ScreenKind() != Screen::Kind::Child || frame_.Area == nullptr) return;
+    if (frame_.Area == nullptr) return;
+    if (screen->ScreenKind() == Screen::Kind::Window) {
+        if (screen->parentWidget() != frame_.Window) screen->setParent(frame_.Window, Qt::Dialog);
+        return;
+    }
     frame_.Show();
     auto* window = qobject_cast<QMdiSubWindow*>(screen->parentWidget());
     if (window == nullptr) {
@@ -21,12 +29,26 @@ void Screens::Admit(Screen* screen) {
         window = frame_.Area->addSubWindow(screen);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->setWindowIcon(frame_.Window->windowIcon());
+        screen->FillWindowMenu(*window->systemMenu());
         designSize_[screen] = design + window->sizeHint() - screen->sizeHint(); // with its title bar
     }
     // As new, also where it was moved or maximised before.
     if (window->windowState() != Qt::WindowNoState) window->setWindowState(Qt::WindowNoState);
     window->hide();
-    window->setGeometry({{0, 0}, designSize_[screen].expandedTo(window->minimumSizeHint())});
+    const QSize room =
+        designSize_[screen].boundedTo(frame_.Area->size()); // lists shrink before there are scroll bars
+    window->setGeometry({{0, 0}, room.expandedTo(window->minimumSizeHint())});
+}
+
+void Screens::Dismiss(Screen* screen) {
+    screen->Frame()->hide();
+    if (frame_.Area != nullptr && screen->ScreenKind() == Screen::Kind::Child) {
+        // The area counts what is seen only when it is resized.
+        QWidget* viewport = frame_.Area->viewport();
+        QResizeEvent same(viewport->size(), viewport->size());
+        QApplication::sendEvent(viewport, &same);
+    }
+    emit Unloaded(screen);
 }
 
 void Screens::Activate(QMdiSubWindow* child) {
@@ -51,6 +73,12 @@ void Screens::EnableEntry(const char* entry, bool enabled) const {
 
 void Screens::ShowStatus(const std::string& text) const {
     if (frame_.ShowStatus) frame_.ShowStatus(text);
+}
+
+void Screens::ShowDataset(const std::string& path, std::ptrdiff_t count, const char* ofWhat) const {
+    const QString name = QFileInfo(QString::fromStdString(path)).fileName();
+    const QString text = QString("%1: %2 %3").arg(name).arg(count).arg(ofWhat);
+    if (frame_.ShowDataset) frame_.ShowDataset(text.toStdString());
 }
 
 QSize Screens::FrameSize() const {

@@ -28,15 +28,20 @@ public:
         std::function<void()> Show; // loads the frame where it is not loaded
         std::function<void(const char* entry, bool enabled)> EnableEntry;
         std::function<void(const std::string& text)> ShowStatus;
+        std::function<void(const std::string& text)> ShowDataset;
     };
 
     void UseFrame(const MainFrame& frame) { frame_ = frame; }
 
     void Enlist(Screen* screen) { all_.push_back(screen); }
 
-    /// Makes a child screen a sub-window of the frame, at its design size in the upper left corner, and
-    /// brings the frame back where it is gone.
+    /// Makes a child screen a sub-window of the frame, at its design size in the upper left corner and
+    /// smaller where the frame is, and brings the frame back where it is gone. A window of its own stays in
+    /// front of the frame.
     void Admit(Screen* screen);
+
+    /// Hides an unloaded screen, and the frame's scroll bars where nothing needs them any longer.
+    void Dismiss(Screen* screen);
     void Activate(QMdiSubWindow* child);
 
     /// A handler for the moments when a child screen becomes the active one.
@@ -47,6 +52,10 @@ public:
 
     /// Writes the first panel of the frame's status line.
     void ShowStatus(const std::string& text) const;
+
+    /// Names the dataset that is open at the right of the status line: the file at a path, and how many
+    /// "regions" or "points" it has.
+    void ShowDataset(const std::string& path, std::ptrdiff_t count, const char* ofWhat) const;
 
     void UnloadChildren();
 

@@ -25,7 +25,7 @@ std::string TreeOf(const QList<QAction*>& entries, const std::string& indent = "
         const QObject* named = entry->menu() != nullptr ? static_cast<QObject*>(entry->menu()) : entry;
         tree += indent +
                 (entry->isSeparator()
-                     ? "-"
+                     ? named->objectName().toStdString() + " -"
                      : named->objectName().toStdString() + " \"" + entry->text().toStdString() + "\"") +
                 "\n";
         if (entry->menu() != nullptr) tree += TreeOf(entry->menu()->actions(), indent + "  ");
@@ -52,7 +52,7 @@ protected:
 TEST_F(FrameTest, HasTheMenuToTheLetter) {
     EXPECT_EQ(TreeOf(Frame.menuBar()->actions()),
               R"tree(mnuFile "&File"
-  -
+  mnuSepInFile -
   mnuExit "&Exit"
 mnuClusterDetecton "&Cluster Detection"
   mnuRetrospectiveTest "&Retrospective Test"
@@ -71,7 +71,7 @@ mnuTool "&Tool"
   mnuGetCentroid "&Get Centroid"
 mnuHelp "&Help"
   mnuManual "&Manual"
-  -
+  mnuSepInHelp -
   mnuAbout "& About Vastrel"
 )tree");
     EXPECT_EQ(Frame.windowTitle(), "Vastrel (Ver1.1)");
@@ -148,4 +148,11 @@ TEST_F(FrameTest, EndsTheProcessWhenItIsClosed) {
     Frame.close();
     EXPECT_FALSE(The<frmClusterDetectionTextfile>().IsLoaded());
     The<frmSelectDataFormat>().Unload();
+}
+
+TEST_F(FrameTest, ShowsTheSeparatorBeforeExitInTheOpenMenu) {
+    auto* menu = Frame.findChild<QMenu*>("mnuFile");
+    menu->popup(QPoint(0, 0));
+    EXPECT_GT(menu->actionGeometry(menu->actions().constFirst()).height(), 0);
+    menu->close();
 }

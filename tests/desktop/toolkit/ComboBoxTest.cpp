@@ -4,6 +4,7 @@
 #include "support/ScriptedPlatform.h"
 
 #include <QAbstractItemView>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -74,4 +75,17 @@ TEST_F(ComboBoxTest, ShowsAFaultOfAUsersClickAndGivesAFaultOfCodesClickToTheCall
     Script.ExpectRunTimeError(13);
     Pick(0);
     EXPECT_THROW(Combo.SetListIndex(1), RunTimeError);
+}
+
+TEST_F(ComboBoxTest, OpensWithFifteenRowsAndAScrollBar) {
+    for (int entry = 0; entry < 111; ++entry)
+        Combo.AddItem("column");
+    Combo.showPopup();
+    QTest::qWait(0);
+    const int rows = Combo.view()->viewport()->height() / Combo.view()->sizeHintForRow(0);
+    EXPECT_GE(rows, 14);
+    EXPECT_LE(rows, 16);
+    EXPECT_EQ(Combo.view()->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+    EXPECT_GT(Combo.view()->verticalScrollBar()->maximum(), 90);
+    Combo.hidePopup();
 }

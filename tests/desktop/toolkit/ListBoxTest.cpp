@@ -138,3 +138,18 @@ TEST_F(ListBoxTest, KeepsItsColumnsInAFontOfFixedPitch) {
     EXPECT_EQ(metrics.horizontalAdvance("iiiiiiiiii"), metrics.horizontalAdvance("WWWWWWWWWW"));
     EXPECT_EQ(ListBox::FixedFont().pointSize(), 9);
 }
+
+TEST_F(ListBoxTest, StaysAtItsTopWhileRowsAreAddedAndComesBackToItWhenTheyGo) {
+    List.resize(200, 60);
+    for (int row = 0; row < 50; ++row) {
+        List.AddItem("row");
+        List.RepaintNow();
+    }
+    EXPECT_GT(List.verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(List.verticalScrollBar()->value(), 0);
+    List.scrollToBottom();
+    List.Clear();
+    List.AddItems(std::vector<std::string>(50, "new"));
+    QTest::qWait(0);
+    EXPECT_EQ(List.verticalScrollBar()->value(), 0);
+}

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QSettings>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -115,6 +116,32 @@ TEST(QtPlatformTest, AddsTheExtensionOfTheFilterInForce) {
     };
     EXPECT_EQ(chosen(""), "chart.png");
     EXPECT_EQ(chosen("PDF document (*.pdf)"), "chart.pdf");
+}
+
+TEST(QtPlatformTest, AddsTheExtensionOfTheFirstFilterWhereNoneIsAskedFor) {
+    const TemporaryFolder folder;
+    QtPlatform desktop;
+    const auto saved = [&](const std::string& filter, const QString& name) {
+        WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+            dialog.setDirectory(QString::fromStdString(folder.Path()));
+            dialog.selectFile(name);
+            static_cast<QDialog&>(dialog).accept();
+        });
+        return desktop.ChooseFile({FileQuestion::Kind::Save, filter, ""}).Title;
+    };
+    EXPECT_EQ(saved("Text File (*.txt)|*.txt", "report"), "report.txt");
+    EXPECT_EQ(saved("Text File (*.txt)|*.txt", "report.dat"), "report.dat");
+    EXPECT_EQ(saved(TextFilter, "centroids"), "centroids.txt");
+    EXPECT_EQ(saved("All Files (*.*)|*.*|", "any"), "any");
+}
+
+TEST(QtPlatformTest, KeepsNoSettingsOfTheFileDialog) {
+    QtPlatform desktop;
+    const QString place = QSettings(QSettings::UserScope, "QtProject").fileName();
+    EXPECT_FALSE(QSettings(QSettings::UserScope, "QtProject").isWritable()) << place.toStdString();
+    WhenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    desktop.ChooseFile({FileQuestion::Kind::Open, TextFilter, ""});
+    EXPECT_FALSE(QFile::exists(place));
 }
 
 TEST(QtPlatformTest, SetsAndResetsTheBusyPointerAsOneState) {
