@@ -128,7 +128,7 @@ void RequireSeparateFiles(const CLI::App& program, bool onceMore) {
     for (size_t i = 0; i < files.Outputs.size(); ++i) {
         const NamedFile& output = files.Outputs[i];
         for (const NamedFile& input : files.Inputs)
-            if (AreOne(input, output)) throw WrongUse(output.Words() + " is an input.");
+            if (AreOne(input, output)) throw WrongUse(output.Path + " is an input.");
         for (size_t j = 0; j < i; ++j)
             if (Collide(files.Outputs[j], output)) RefuseOneFile(files.Outputs[j], output);
         for (const NamedFile& folder : files.Folders)

@@ -98,15 +98,15 @@ TEST_F(FileRolesTest, NoOutputIsAnInput) {
     for (const auto& [command, inputs, outputs] : commands)
         for (const auto& input : inputs)
             for (const auto& output : outputs)
-                ExpectRefused(command + Words{output, In(input)}, "is an input", output);
+                ExpectRefused(command + Words{output, In(input)}, " is an input.", folder_.Path());
 }
 
 TEST_F(FileRolesTest, SettingsAreInputsToo) {
     const auto json = In("run.json");
     ASSERT_EQ(RunBatch(RetroPoints() + Words{"--json", json}).Status, 0);
     const auto settings = folder_.Write("run.toml", "[centroids]\nFILE = \"" + In("country.shp") + "\"\n");
-    ExpectRefused({"centroids", "--config", settings, "--out", settings}, "is an input", "--out");
-    ExpectRefused({"again", json, "--lists", In("country_pop.txt")}, "is an input", "--lists");
+    ExpectRefused({"centroids", "--config", settings, "--out", settings}, " is an input.", folder_.Path());
+    ExpectRefused({"again", json, "--lists", In("country_pop.txt")}, " is an input.", folder_.Path());
     EXPECT_EQ(RunBatch({"again", json, "--lists", In("l")}).Status, 0);
 }
 
@@ -115,8 +115,8 @@ TEST_F(FileRolesTest, PicturesAreNoInputs) {
     const auto input = In("points.png");
     fs::rename(In("country_pop.txt"), input);
     const Words points{"retrospective-points", input, "--format", "pop-case"};
-    ExpectRefused(points + Words{"--sigma", "1", "--map", input}, "is an input", "--map");
-    ExpectRefused(points + Words{"--chart", input}, "is an input", "--chart");
+    ExpectRefused(points + Words{"--sigma", "1", "--map", input}, " is an input.", folder_.Path());
+    ExpectRefused(points + Words{"--chart", input}, " is an input.", folder_.Path());
 }
 
 TEST_F(FileRolesTest, AnotherSpellingIsTheSameFile) {
@@ -127,11 +127,12 @@ TEST_F(FileRolesTest, AnotherSpellingIsTheSameFile) {
     fs::create_symlink("hard", In("link of hard"));
     for (const std::string spelling : {"/./watch_z.txt", "/deep/../watch_z.txt", "/deep/link", "/way/link",
                                        "//watch_z.txt", "/hard", "/link of hard"})
-        ExpectRefused(WatchPoints() + Words{"--lists", folder_.Path() + spelling}, "is an input", "--lists");
+        ExpectRefused(WatchPoints() + Words{"--lists", folder_.Path() + spelling}, " is an input.",
+                      folder_.Path());
     fs::current_path(folder_.Path());
-    ExpectRefused(WatchPoints() + Words{"--lists", "watch_z.txt"}, "is an input", "--lists");
+    ExpectRefused(WatchPoints() + Words{"--lists", "watch_z.txt"}, " is an input.", "watch_z.txt");
     ExpectRefused(WatchPoints() + Words{"--cusum", "new/../watch_z.txt", "--maps", "./watch_z.txt"},
-                  "is an input", "--maps");
+                  " is an input.", "watch_z.txt");
 }
 
 TEST_F(FileRolesTest, NoTwoOutputsAreOne) {
@@ -157,7 +158,7 @@ TEST_F(FileRolesTest, ThePicturesOfPeriodsAreOutputsToo) {
                       "--maps", "--lists");
     }
     fs::create_hard_link(In("watch_z.txt"), In("made/period03.png"));
-    ExpectRefused(WatchPoints() + Words{"--maps", In("made")}, "is an input", "--maps");
+    ExpectRefused(WatchPoints() + Words{"--maps", In("made")}, " is an input.", folder_.Path());
 }
 
 TEST_F(FileRolesTest, StandardOutputMayBeTheFileOfNoOther) {
