@@ -32,7 +32,7 @@ class RunRecord;
 /// Options of the whole program, the console that it runs on, and what the run tells of itself.
 struct ProgramOptions {
     bool Quiet = false;
-    const ConsolePlatform* Console = nullptr;
+    ConsolePlatform* Console = nullptr;
     RunRecord* Record = nullptr;
 };
 

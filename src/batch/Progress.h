@@ -2,16 +2,34 @@
 
 #include "batch/Command.h"
 
+#include <chrono>
+#include <string>
+
 namespace vastrel {
 
-/// Shows on standard error how far a run is, where that is a terminal.
+/// One line on standard error that tells the step at work and the time left, where that is a terminal and
+/// --quiet was not given. The time is that of the steps that are done, and a guess before; the line goes away
+/// at the end.
 class Progress {
 public:
-    explicit Progress(const ProgramOptions& options);
-    void Show(const std::string& row) const;
+    using Clock = std::chrono::steady_clock;
+
+    /// A guess of 0 is none.
+    Progress(const ProgramOptions& program, std::ptrdiff_t steps, double guessedSecondsAStep = 0);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void StepDone();
 
 private:
-    bool visible_;
+    void Show();
+
+    ConsolePlatform* terminal_; // none where nothing is shown
+    std::ptrdiff_t steps_, done_ = 0;
+    double guess_;
+    Clock::time_point begin_ = Clock::now();
+    Clock::time_point shown_{};
 };
 
 } // namespace vastrel

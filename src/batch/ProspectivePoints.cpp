@@ -55,6 +55,13 @@ protected:
         return true;
     }
 
+    bool LooksLikeDegrees() const override {
+        const std::ptrdiff_t last = watch_.RegionX.UpperBound();
+        return AreDegrees(last, [this](std::ptrdiff_t i) {
+            return Place{watch_.RegionX(i), watch_.RegionY(i)};
+        });
+    }
+
     bool RunTest() override {
         TakeCusumSigma(options_.Parameters.Sigma);
         RunPointCusum(watch_, start_);
@@ -94,15 +101,20 @@ protected:
 
 private:
     bool LoadFiles() {
-        if (!LoadIDXY(watch_, AbsolutePath(options_.IDs))) return false;
-        Record().TookFile(options_.IDs);
-        if (options_.GoesOn()) {
-            if (!LoadOldCusum(watch_, AbsolutePath(options_.Previous))) return false;
-            Record().TookFile(options_.Previous);
-        }
-        if (!LoadNewZScore(watch_, AbsolutePath(options_.ZScores))) return false;
-        Record().TookFile(options_.ZScores);
-        return true;
+        if (!Read(options_.IDs, [this](const auto& file) { return LoadIDXY(watch_, file); })) return false;
+        if (options_.GoesOn() &&
+            !Read(options_.Previous, [this](const auto& file) { return LoadOldCusum(watch_, file); }))
+            return false;
+        return Read(options_.ZScores, [this](const auto& file) { return LoadNewZScore(watch_, file); });
+    }
+
+    /// An empty path is that of no file, which the load refuses.
+    template <typename Load>
+    bool Read(const std::string& path, Load load) {
+        if (path.empty()) return load(path);
+        const TextFile file(AbsolutePath(path));
+        Record().TookText(path, file);
+        return load(file);
     }
 
     std::ptrdiff_t SavedPeriods() const { return PeriodCount() - watch_.NewPeriodCount; }

@@ -55,10 +55,13 @@ protected:
         return TakeStartField(first, options_.Fields.front()) && TakeEndField(last, options_.Fields.back());
     }
 
+    bool LooksLikeDegrees() const override { return HasDegrees(AbsolutePath(options_.File)); }
+
     bool RunTest() override {
         if (options_.GoesOn() && !options_.Previous.empty()) {
-            ReadCusumFile(AbsolutePath(options_.Previous));
-            Record().TookFile(options_.Previous);
+            const TextFile file(AbsolutePath(options_.Previous));
+            Record().TookText(options_.Previous, file);
+            ReadCusumFile(file);
         }
         ws.bCusumRun = true;
         const bool fields = options_.Source() == ZSource::Fields;
@@ -97,9 +100,10 @@ private:
     /// Without a file a run from zero ends quietly; a continued one does not look and opens the folder.
     bool ReadText() const {
         if (options_.ZScores.empty() && !options_.GoesOn()) return false;
-        ReadTextZScores(options_.ZScores.empty() ? std::filesystem::current_path().string()
-                                                 : AbsolutePath(options_.ZScores));
-        Record().TookFile(options_.ZScores);
+        const TextFile file(options_.ZScores.empty() ? std::filesystem::current_path().string()
+                                                     : AbsolutePath(options_.ZScores));
+        Record().TookText(options_.ZScores, file);
+        ReadTextZScores(file);
         return true;
     }
 

@@ -1,7 +1,6 @@
 #include "batch/RetroRun.h"
 
 #include "batch/Pictures.h"
-#include "batch/Progress.h"
 #include "core/display/LegendClasses.h"
 #include "core/display/PointMap.h"
 #include "core/layer/CsvTable.h"
@@ -25,9 +24,28 @@ ExitStatus RetroRun::Run() {
     return ExitStatus::Done;
 }
 
+namespace {
+
+constexpr size_t SweepTitleRows = 2;
+
+/// What one bandwidth takes, roughly: the fit of the page on speed.
+double GuessedSeconds(RetroVariable variable, double n) {
+    return MapsScore(variable) ? 0.1329e-9 * n * n * n + 56e-9 * n * n : 17e-9 * n * n;
+}
+
+} // namespace
+
+/// All texts have passed, and the work begins.
+void RetroRun::BeginSteps(std::ptrdiff_t count) {
+    if (LooksLikeDegrees()) NoteDegrees(program_);
+    progress_.emplace(program_, count, GuessedSeconds(variable_, static_cast<double>(ws.NumRegion)));
+}
+
 bool RetroRun::RunSingle() {
     if (!TakeSingleSigma(options_.Sigma)) return false;
+    BeginSteps(1);
     RunSingleProcedures(variable_);
+    progress_.reset();
     const ResultLists lists = FillLists(variable_, rules_);
     auto json = Dataset(); // before the map, whose drawing puts plotted points in Region order again
     BuildLegend(MapClassValues(variable_), variable_);
@@ -45,12 +63,15 @@ bool RetroRun::RunSingle() {
 
 bool RetroRun::RunRange() {
     ResultLists lists;
-    const Progress progress(program_);
     const auto addRow = [&](const std::string& row) {
         lists.Global.push_back(row);
-        progress.Show(row);
+        if (progress_)
+            progress_->StepDone();
+        else if (lists.Global.size() == SweepTitleRows)
+            BeginSteps(ws.BandwidthCount);
     };
     if (!RunSweep(variable_, options_.Range, rules_, addRow)) return false;
+    progress_.reset();
     if (options_.MapStep > ws.BandwidthCount)
         throw WrongUse("--map-step is beyond the last step, " + std::to_string(ws.BandwidthCount) + ".");
     auto json = Dataset();

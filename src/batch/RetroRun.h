@@ -1,9 +1,13 @@
 #pragma once
 
+#include "batch/Degrees.h"
 #include "batch/Outputs.h"
+#include "batch/Progress.h"
 #include "batch/RetroResults.h"
 #include "batch/RunRecord.h"
 #include "core/retrospective/ResultLists.h"
+
+#include <optional>
 
 namespace vastrel {
 
@@ -20,6 +24,8 @@ protected:
     /// Takes the dataset into the store; false where it is refused, after its message.
     virtual bool Load() = 0;
 
+    virtual bool LooksLikeDegrees() const = 0;
+
     /// The dataset as the test left it.
     virtual nlohmann::ordered_json Dataset() const { return DatasetJson(); }
 
@@ -34,6 +40,7 @@ protected:
     RunRecord& Record() const { return *program_.Record; }
 
 private:
+    void BeginSteps(std::ptrdiff_t count);
     bool RunSingle();
     bool RunRange();
     void AddMap(const Array1<double>& values);
@@ -47,6 +54,7 @@ private:
     const RetroRules& rules_;
     RetroVariable variable_;
     Outputs outputs_;
+    std::optional<Progress> progress_;
 };
 
 /// The range texts of a score variable's legend, from the limits in force.

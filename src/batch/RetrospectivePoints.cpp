@@ -29,14 +29,21 @@ protected:
     bool Load() override {
         ws.bTextfileData = true;
         const auto format = options_.Format == "obs-exp" ? PointFormat::ObsExp : PointFormat::PopCase;
-        if (!LoadPointDataset(AbsolutePath(options_.File), format)) {
+        const TextFile file(AbsolutePath(options_.File));
+        Record().TookText(options_.File, file);
+        if (!LoadPointDataset(file, format)) {
             Warn(WrongPointFormat);
             return false;
         }
-        Record().TookFile(options_.File);
         map_.TakeCentroids(static_cast<std::ptrdiff_t>(ws.NumTextRegion));
         PlotAllPoints(map_.View, size_, map_.X, map_.Y);
         return true;
+    }
+
+    bool LooksLikeDegrees() const override {
+        return AreDegrees(ws.RegionCentroid.UpperBound(), [](std::ptrdiff_t i) {
+            return Place{ws.RegionCentroid(i).X, ws.RegionCentroid(i).Y};
+        });
     }
 
     nlohmann::ordered_json Dataset() const override {

@@ -28,6 +28,8 @@ protected:
         return true;
     }
 
+    bool LooksLikeDegrees() const override { return HasDegrees(AbsolutePath(options_.File)); }
+
     std::string MapPicture(const std::string& path, const Array1<double>& values) override {
         return DrawPicture(path, PolygonMapSurface(), PolygonPictureScale,
                            [&](PlotSurface& surface) { DrawStatisticMap(surface, values); });

@@ -15,7 +15,13 @@ namespace vastrel {
 
 namespace {
 
-InputFile Measured(const std::string& name, const std::string& path) {
+InputFile Measured(const std::string& name, std::string_view bytes) {
+    Checksum sum;
+    sum.Add(bytes);
+    return {name, sum.Size(), sum.Text()};
+}
+
+InputFile MeasuredOnDisk(const std::string& name, const std::string& path) {
     std::ifstream stream(NativePath(path), std::ios::binary);
     Checksum sum;
     for (std::vector<char> chunk(size_t{256} * 1024); stream;) {
@@ -69,15 +75,15 @@ void RunRecord::Differs(const std::string& what) const {
     std::cerr << "Note: " << what << '\n';
 }
 
-void RunRecord::TakeDown(const std::string& name, const std::string& path) {
-    files_.push_back(Measured(name, path));
-    const auto before = Find(expected_, name);
-    if (before != expected_.end() && *before != files_.back())
-        Differs(name + " is not what it was: its SHA-256 differs.");
+void RunRecord::TakeDown(InputFile file) {
+    const auto before = Find(expected_, file.Path);
+    if (before != expected_.end() && *before != file)
+        Differs(file.Path + " is not what it was: its SHA-256 differs.");
+    files_.push_back(std::move(file));
 }
 
-void RunRecord::TookFile(const std::string& path) {
-    if (IsNeeded()) TakeDown(path, AbsolutePath(path));
+void RunRecord::TookText(const std::string& path, const TextFile& file) {
+    if (IsNeeded()) TakeDown(Measured(path, file.Bytes()));
 }
 
 void RunRecord::TookShapefile(const std::string& path) {
@@ -85,7 +91,7 @@ void RunRecord::TookShapefile(const std::string& path) {
     const bool wasRead = Has(expected_, path);
     for (const auto& file : FilesOfShapefile(AbsolutePath(path))) {
         const std::string name = files_.empty() || !Has(files_, path) ? path : NamedBeside(path, file);
-        TakeDown(name, file);
+        TakeDown(MeasuredOnDisk(name, file));
         if (wasRead && !Has(expected_, name)) Differs(name + " was not there before.");
     }
     for (const auto& before : expected_)

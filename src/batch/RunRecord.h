@@ -1,6 +1,7 @@
 #pragma once
 
 #include "batch/InputFile.h"
+#include "core/text/TextFile.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -18,9 +19,9 @@ public:
     /// this is strict.
     void Expect(std::vector<InputFile> files, bool strict);
 
-    /// Takes down a file that was read, by its path as given, and the same for a shapefile with all its
+    /// Takes down a text file that was read, by its path as given, and the same for a shapefile with all its
     /// files. What is neither told nor expected costs nothing.
-    void TookFile(const std::string& path);
+    void TookText(const std::string& path, const TextFile& file);
     void TookShapefile(const std::string& path);
 
     /// Program, Settings and Inputs.
@@ -28,7 +29,7 @@ public:
 
 private:
     bool IsNeeded() const;
-    void TakeDown(const std::string& name, const std::string& path);
+    void TakeDown(InputFile file);
     void Differs(const std::string& what) const;
 
     const CLI::App* command_ = nullptr;

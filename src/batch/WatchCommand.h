@@ -1,5 +1,7 @@
 #pragma once
 
+#include "batch/Degrees.h"
+#include "batch/Progress.h"
 #include "batch/RunRecord.h"
 #include "batch/WatchResults.h"
 #include "core/layer/WatchLayer.h"
@@ -19,6 +21,8 @@ public:
 protected:
     /// What comes before the parameters; false where the data are refused, after the message.
     virtual bool Load() = 0;
+
+    virtual bool LooksLikeDegrees() const = 0;
 
     /// The run itself; false where there is nothing to run on, and nothing is told.
     virtual bool RunTest() = 0;
@@ -54,6 +58,7 @@ private:
     const WatchOptions& options_;
     const ProgramOptions& program_;
     Outputs outputs_;
+    bool signals_ = false; // in the last period
 };
 
 } // namespace vastrel

@@ -28,6 +28,11 @@ void WatchOptions::AddTo(CLI::App& command) {
     command.add_option("--chart", Chart, "the chart of the maxima (.png, .svg or .pdf)")->group("Output");
     command.add_option("--json", Json, "every number")->group("Output");
     Layer.AddTo(command);
+    command
+        .add_option("--signal-status", SignalStatus,
+                    "exit status where a region signals in the last period, 10 to 99")
+        ->check(CLI::Range(10, 99))
+        ->group("Output");
 }
 
 void WatchOptions::Check(const std::vector<std::string>& inputs) const {

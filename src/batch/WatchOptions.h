@@ -11,6 +11,7 @@ struct WatchOptions {
     CusumTexts Parameters;
     std::string Lists, Report, Cusum, Maps, Chart, Json;
     LayerOptions Layer;
+    int SignalStatus = 0; // 0 for none
 
     void AddTo(CLI::App& command);
 

@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 
 #include <filesystem>
+#include <sys/stat.h>
+#include <thread>
 
 using namespace vastrel;
 
@@ -121,6 +123,18 @@ TEST(Settings, ComeWithTheFilesThatWereRead) {
     EXPECT_EQ(polygons["Inputs"],
               (Json::array({InputOf(Country), InputOf(stem + "shx"), InputOf(stem + "dbf"),
                             InputOf(stem + "cpg"), InputOf(Scores)})));
+}
+
+TEST(Settings, TellTheBytesOfAPipe) {
+    const TemporaryFolder folder;
+    const auto pipe = folder / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string bytes = ReadFile(Scores);
+    std::thread writer([&] { folder.Write("pipe", bytes); });
+    auto json = JsonOf({"prospective-points", "--ids", Ids, "--z", pipe});
+    writer.join();
+    EXPECT_EQ(json["Inputs"][1],
+              (Json{{"Path", pipe}, {"Bytes", bytes.size()}, {"SHA256", DigestOf(Scores)}}));
 }
 
 TEST(Settings, NamePathsAsTheyWereGiven) {

@@ -3,6 +3,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <cstdlib>
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 
 namespace vastrel {
@@ -16,6 +17,13 @@ std::string Quoted(const std::string& word) {
     return quoted + "'";
 }
 
+std::string CommandOf(const std::vector<std::string>& words) {
+    std::string command = Quoted(BATCH_PROGRAM);
+    for (const auto& word : words)
+        command += " " + Quoted(word);
+    return command;
+}
+
 } // namespace
 
 std::ostream& operator<<(std::ostream& stream, const BatchResult& result) {
@@ -25,14 +33,27 @@ std::ostream& operator<<(std::ostream& stream, const BatchResult& result) {
 }
 
 BatchResult RunBatch(const std::vector<std::string>& words) {
+    BatchResult result = RunBatchWithNotes(words);
+    const size_t at = result.Errors.find(DegreesNote);
+    if (at != std::string::npos) result.Errors.erase(at, DegreesNote.size());
+    return result;
+}
+
+BatchResult RunBatchWithNotes(const std::vector<std::string>& words) {
     const TemporaryFolder folder;
-    std::string command = Quoted(BATCH_PROGRAM);
-    for (const auto& word : words)
-        command += " " + Quoted(word);
+    std::string command = CommandOf(words);
     command += " >" + Quoted(folder / "output") + " 2>" + Quoted(folder / "errors") + " </dev/null";
     const int ended = std::system(command.c_str());
     return {WIFEXITED(ended) ? WEXITSTATUS(ended) : 128 + WTERMSIG(ended), ReadFile(folder / "output"),
             ReadFile(folder / "errors")};
+}
+
+std::string ShownOnTerminal(const std::vector<std::string>& words) {
+    const TemporaryFolder folder;
+    const std::string command = "script --quiet --command " + Quoted(CommandOf(words)) + " " +
+                                Quoted(folder / "log") + " >" + Quoted(folder / "shown") + " </dev/null";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    return ReadFile(folder / "shown");
 }
 
 } // namespace vastrel
