@@ -4,6 +4,7 @@ set(vastrelData ${CMAKE_INSTALL_DATADIR}/vastrel)
 
 install(TARGETS vastrel-batch RUNTIME)
 install(DIRECTORY samples DESTINATION ${vastrelData} FILES_MATCHING PATTERN "*.txt" PATTERN "*.md" PATTERN "country.*")
+install(DIRECTORY samples/watch DESTINATION ${vastrelData}/samples USE_SOURCE_PERMISSIONS)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # Made by the target "manual", as ./run does.
