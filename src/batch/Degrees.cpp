@@ -25,10 +25,16 @@ std::string ProjectionIfReadable(const std::string& shapefilePath) {
 
 } // namespace
 
+bool HasDegrees() {
+    return AreDegrees(ws.RegionCentroid.UpperBound(), [](std::ptrdiff_t i) {
+        return Place{ws.RegionCentroid(i).X, ws.RegionCentroid(i).Y};
+    });
+}
+
 bool HasDegrees(const std::string& shapefilePath) {
     const std::string projection = ProjectionIfReadable(shapefilePath);
     if (!projection.empty()) return IsGeographic(projection);
-    return CouldBeDegrees({ws.ExtentXMin, ws.ExtentYMin}) && CouldBeDegrees({ws.ExtentXMax, ws.ExtentYMax});
+    return HasDegrees();
 }
 
 void NoteDegrees(const ProgramOptions& program) {

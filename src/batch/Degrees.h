@@ -21,7 +21,9 @@ bool AreDegrees(std::ptrdiff_t count, PlaceOf placeOf) {
     return count > 0;
 }
 
-/// Whether the open shapefile has coordinates in degrees: its projection tells it, or else its extent.
+/// Whether the positions of the Regions could be degrees; of a shapefile its projection tells it, where it
+/// has one.
+bool HasDegrees();
 bool HasDegrees(const std::string& shapefilePath);
 
 /// Tells on standard error that distances are planar; nothing where the program is to be quiet.

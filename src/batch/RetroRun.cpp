@@ -38,7 +38,8 @@ double GuessedSeconds(RetroVariable variable, double n) {
 /// All texts have passed, and the work begins.
 void RetroRun::BeginSteps(std::ptrdiff_t count) {
     if (LooksLikeDegrees()) NoteDegrees(program_);
-    progress_.emplace(program_, count, GuessedSeconds(variable_, static_cast<double>(ws.NumRegion)));
+    progress_.emplace(program_, count,
+                      GuessedSeconds(variable_, static_cast<double>(ws.RegionCentroid.UpperBound())));
 }
 
 bool RetroRun::RunSingle() {

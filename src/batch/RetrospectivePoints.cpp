@@ -40,11 +40,7 @@ protected:
         return true;
     }
 
-    bool LooksLikeDegrees() const override {
-        return AreDegrees(ws.RegionCentroid.UpperBound(), [](std::ptrdiff_t i) {
-            return Place{ws.RegionCentroid(i).X, ws.RegionCentroid(i).Y};
-        });
-    }
+    bool LooksLikeDegrees() const override { return HasDegrees(); }
 
     nlohmann::ordered_json Dataset() const override {
         auto json = DatasetJson();

@@ -10,12 +10,12 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// A watch of two points whose cusums with k = 0.5 are A 0.5 1 5.5 and B 5.5 11 8.5.
+/// A watch of four points: with k = 0.5 the cusums are A 0.5 1 5.5, B 5.5 11 8.5, and 0 for the others.
 class SignalStatus : public testing::Test {
 protected:
     SignalStatus() {
-        folder_.Write("ids.txt", "A,0,0\nB,10,0\n");
-        folder_.Write("z.txt", "1,1,5\n6,6,-2\n");
+        folder_.Write("ids.txt", "A,0,0\nB,10,0\nC,10,10\nD,0,10\n");
+        folder_.Write("z.txt", "1,1,5\n6,6,-2\n0,0,0\n0,0,0\n");
     }
 
     BatchResult Watch(const Words& more) const {
