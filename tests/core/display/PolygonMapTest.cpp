@@ -270,11 +270,3 @@ TEST_F(PolygonMapTest, MarksFreshCentroidsOnTheOutlines) {
     EXPECT_EQ(Picture(), "plain");
     EXPECT_EQ(all.substr(all.find("refresh")), "refresh\nwidth 3\npoint 65.000 65.000 0x0000FF\nrefresh\n");
 }
-
-TEST_F(PolygonMapTest, HasNoStatisticOfNoRegions) {
-    ws = Workspace{};
-    EXPECT_FALSE(HasRetroMap());
-    ws.DisplayClassValues.ReDim(0);
-    ws.DisplayDrawValues.ReDim(0);
-    EXPECT_FALSE(HasRetroMap());
-}
