@@ -21,7 +21,7 @@ constexpr int WholeWidth = 9;
 
 /// A file that the library writes, in memory.
 struct MemoryFile {
-    std::string* Bytes;
+    std::string* Bytes = nullptr;
     size_t Place = 0;
 };
 
@@ -143,7 +143,7 @@ struct FieldText {
 /// Writes all rows through the library into the files of this thread; gives how many texts were cut.
 std::ptrdiff_t WriteRows(const ResultTable& table, const char* name) {
     SAHooks hooks = MemoryHooks();
-    const DBFHandle dbase = DBFCreateLL(name, "UTF-8", &hooks);
+    DBFInfo* dbase = DBFCreateLL(name, "UTF-8", &hooks);
     for (const ResultColumn& column : table.Columns) {
         const Field field = std::visit(FieldOf{table.RowCount}, column.Values);
         DBFAddNativeFieldType(dbase, column.Name.c_str(), field.Letter, field.Width, field.Decimals);
