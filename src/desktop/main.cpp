@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     }
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setApplicationName("Vastrel");
-    QApplication::setDesktopFileName("vastrel");
+    QApplication::setDesktopFileName("org.vastrel.Vastrel");
     QApplication::setQuitOnLastWindowClosed(false); // the frame ends the process itself
 
     vastrel::QtPlatform desktop;
