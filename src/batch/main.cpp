@@ -9,6 +9,8 @@
 #include "core/text/OutputSet.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <new>
@@ -45,6 +47,10 @@ std::vector<std::string> Words(int argc, char** argv) {
         words.insert(command + 1, "--");
     std::reverse(words.begin(), words.end());
     return words;
+}
+
+RunTimeError Named(long number, const std::exception& error) {
+    return RunTimeError(number, "vastrel-batch", CustomaryText(number) + "\n" + error.what());
 }
 
 /// The configuration file that cannot be opened.
@@ -91,8 +97,19 @@ ExitStatus RunGuarded(ConsolePlatform& console, const CLI::App& program, const R
         console.ReportRunTimeError(error);
     } catch (const std::bad_alloc&) {
         console.ReportRunTimeError(RunTimeError(OutOfMemory, "vastrel-batch", CustomaryText(OutOfMemory)));
+    } catch (const std::filesystem::filesystem_error& error) { // the current folder is gone, say
+        console.ReportRunTimeError(Named(PathFileAccessError, error));
+    } catch (const std::exception& error) {
+        console.ReportRunTimeError(Named(InvalidProcedureCall, error));
     }
     return ExitStatus::RunTimeFailure;
+}
+
+/// The end of what no boundary can catch: an exception in the toolkit or in a second thread, which is too
+/// little memory.
+[[noreturn]] void EndForMemory() {
+    std::cerr << ReportText(RunTimeError(OutOfMemory, "vastrel-batch", CustomaryText(OutOfMemory))) << '\n';
+    std::_Exit(static_cast<int>(ExitStatus::RunTimeFailure));
 }
 
 } // namespace
@@ -100,6 +117,7 @@ ExitStatus RunGuarded(ConsolePlatform& console, const CLI::App& program, const R
 // NOLINTNEXTLINE(bugprone-exception-escape): the parser's own set-up may be out of memory
 int main(int argc, char** argv) {
     HoldStandardStreams();
+    std::set_terminate(EndForMemory);
     ConsolePlatform console;
     SetPlatform(&console);
 

@@ -1,11 +1,14 @@
 #include "pictures/PictureFiles.h"
 
+#include "core/platform/RunTimeError.h"
 #include "pictures/PaintedSurface.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QImage>
 #include <QSvgGenerator>
+
+#include <exception>
 
 namespace vastrel {
 
@@ -36,8 +39,11 @@ std::string Bytes(const QBuffer& buffer) {
 void UsePicturesOffscreen() {
     if (QApplication::instance() != nullptr) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // The toolkit's remarks on a session without a desktop are no messages of the program.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString&) {
+        // The toolkit's remarks on a session without a desktop are no messages of the program. What it cannot
+        // go on after is too little memory, for its plugins and fonts say; nothing can be caught there.
+        if (type == QtFatalMsg) std::terminate();
+    });
     static int argc = 1;
     static char name[] = "vastrel-batch";
     static char* argv[] = {name, nullptr};
@@ -47,6 +53,8 @@ void UsePicturesOffscreen() {
 std::string PngPicture(const SurfaceSize& size, int enlarged, const std::function<void(PlotSurface&)>& draw) {
     QImage image(QSize(static_cast<int>(size.ScaleWidth), static_cast<int>(size.ScaleHeight)) * enlarged,
                  QImage::Format_RGB32);
+    if (image.isNull() && size.ScaleWidth >= 1 && size.ScaleHeight >= 1)
+        RaiseCustomary(OutOfMemory, "PngPicture", "There is no room for the picture.");
     image.setDevicePixelRatio(enlarged);
     image.fill(Qt::white);
     {

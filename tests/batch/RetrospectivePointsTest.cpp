@@ -309,7 +309,9 @@ TEST(RetrospectivePoints, TellsWrongUse) {
          {Words{"--variable", "median"}, Words{"--alpha", "0.1"}, Words{"--sigma", "1", "--from", "1"},
           Words{"--sigma", "1", "--to", "1"}, Words{"--sigma", "1", "--step", "1"},
           Words{"--surface", "1,2,3"}, Words{"--surface", "1,2,3,x"}, Words{"--surface", "1,2,3,4,5"},
-          Words{"--zoom", "x"}, Words{"--map", ".png", "--sigma", "1"}, Words{"--unknown"}, Words{"more"},
+          Words{"--surface", "5595,4275,10001,281"}, Words{"--surface", "5595,4275,369,-1e999"},
+          Words{"--surface", "150001,4275,369,281"}, Words{"--zoom", "x"},
+          Words{"--map", ".png", "--sigma", "1"}, Words{"--unknown"}, Words{"more"},
           Words{"--map", "map.txt", "--sigma", "1"}, Words{"--chart", "chart.gif"},
           Words{"--map-step", "1", "--sigma", "1"}}) {
         const auto result = RunFive(more);

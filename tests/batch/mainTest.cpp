@@ -1,4 +1,4 @@
-#include "support/BatchProgram.h"
+#include "support/BatchProgramShell.h"
 #include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
@@ -70,4 +70,35 @@ TEST(BatchMain, ReadsAFileNamedLikeASubcommand) {
     std::filesystem::current_path(folder.Path());
     const auto result = RunBatch({"retrospective-points", "p-value", "--format", "obs-exp", "--sigma", "1"});
     EXPECT_EQ(result.Status, 0) << result;
+}
+
+TEST(BatchMain, TellsThatTheCurrentFolderIsGone) {
+    const TemporaryFolder folder;
+    const auto result = RunShell("cd '" + folder.Path() + "'; mkdir gone; cd gone; rmdir ../gone; " +
+                                 "exec \"$BATCH\" retrospective-points five.txt --format obs-exp");
+    EXPECT_EQ(result.Status, 4);
+    EXPECT_EQ(result.Errors.rfind("Run-time error '75':\n\nPath/File access error\n", 0), 0U) << result;
+}
+
+TEST(BatchMain, EndsWithAnErrorInTooLittleMemoryForPictures) {
+#if !VASTREL_PICTURES
+    GTEST_SKIP() << "Built without pictures.";
+#elif defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "The sanitizer needs all of the address space.";
+#endif
+    const TemporaryFolder folder;
+    const std::string run = "; exec \"$BATCH\" retrospective-points '" + InProject("tests/golden/five.txt") +
+                            "' --format obs-exp --sigma 1 --map '" + (folder / "map.png") + "'";
+    constexpr int notLoaded = 127; // too little for the libraries themselves
+    constexpr int step = 2000;
+    int kilobytes = 15 * step, status = notLoaded;
+    for (; status != 0 && kilobytes < 1000 * step; kilobytes += status == notLoaded ? 4 * step : step / 4) {
+        const auto result = RunShell("ulimit -v " + std::to_string(kilobytes) + run);
+        status = result.Status;
+        EXPECT_TRUE(status == 0 || status == 4 || status == notLoaded) << kilobytes << result;
+        if (status == 4) {
+            EXPECT_NE(result.Errors.find("Run-time error '7'"), std::string::npos) << result;
+        }
+    }
+    EXPECT_EQ(status, 0);
 }

@@ -58,7 +58,17 @@ private:
                 RaiseCustomary(SubscriptOutOfRange, "WalkRings",
                                place_ + " has part indexes that do not rise within its points.");
             TakeRing(first, next - 1); // the closing vertex repeats the first
-            if (!ring_.empty()) action_(record_, ring_);
+            if (!ring_.empty()) Act();
+        }
+    }
+
+    /// An overflow of the action, of a vertex far away, names the record.
+    void Act() const {
+        try {
+            action_(record_, ring_);
+        } catch (const RunTimeError& error) {
+            if (error.Description() != CustomaryText(Overflow)) throw;
+            RaiseCustomary(Overflow, error.Source(), place_ + " has a vertex too far away to be drawn.");
         }
     }
 

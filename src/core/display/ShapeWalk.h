@@ -20,7 +20,7 @@ using RingAction = std::function<void(std::int32_t record, const std::vector<Poi
 ///
 /// Run-time errors: 53, 70 and 75 for a file that cannot be opened; 62 where the file ends before a record
 /// does; 9 for negative counts and for part indexes that do not rise within the points; 6 for a coordinate
-/// that is not finite. All but the first name file and record.
+/// that is not finite. All but the first name file and record, and so does an overflow of the action.
 void WalkRings(const std::string& path, const RingAction& action);
 
 } // namespace vastrel

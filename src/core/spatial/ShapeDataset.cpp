@@ -4,7 +4,9 @@
 #include "core/platform/NativePath.h"
 #include "core/platform/Platform.h"
 #include "core/platform/RunTimeError.h"
+#include "core/spatial/CMultiPoint.h"
 #include "core/spatial/CPoint.h"
+#include "core/spatial/CPolyLine.h"
 #include "core/spatial/CPolygon.h"
 #include "core/spatial/CShapeFile.h"
 #include "core/spatial/Recordset.h"
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace vastrel {
 
@@ -60,22 +63,40 @@ void TakePoints(CShapeFile& file) {
         ws.ShpPoints.Add(std::static_pointer_cast<CPoint>(file.Item(i)));
 }
 
-void TakePolygons(CShapeFile& file) {
-    // Records that stand inside one another hold more vertices than the file has room for: they are refused,
-    // so that memory stays in proportion to the file.
-    constexpr std::int64_t vertexSize = 16;
-    std::int64_t room = file.MainFileSize() / vertexSize;
-    ws.ShpPolygons.Clear();
+constexpr std::int64_t VertexSize = 16, PartIndexSize = 4; // in the file
+
+std::int64_t SizeInFile(const CMultiPoint& shape) {
+    return VertexSize * shape.Count();
+}
+
+/// Of a polyline and of a polygon.
+template <typename Shape>
+std::int64_t SizeInFile(const Shape& shape) {
+    std::int64_t size = 0;
+    for (const CPart& part : shape)
+        size += PartIndexSize + VertexSize * part.Count();
+    return size;
+}
+
+/// Reads all records as shapes of a class. Records that stand inside one another hold more than the file has
+/// room for: they are refused, so that time and memory stay in proportion to the file.
+template <typename Shape>
+void ReadAll(CShapeFile& file, const std::function<void(std::shared_ptr<Shape>)>& take) {
+    std::int64_t room = file.MainFileSize();
     for (std::int32_t i = 1; i <= ws.NumRegion; ++i) {
-        const auto polygon = std::static_pointer_cast<CPolygon>(file.Item(i));
-        for (const CPart& part : *polygon)
-            room -= part.Count();
+        auto shape = std::static_pointer_cast<Shape>(file.Item(i));
+        room -= SizeInFile(*shape);
         if (room < 0)
             RaiseCustomary(InputPastEndOfFile, "LoadShapes",
                            "record " + std::to_string(i) + " of " + ws.DatasetFileName->GetBaseName() +
                                ".shp stands inside another: the file is too short for both.");
-        ws.ShpPolygons.Add(polygon);
+        take(std::move(shape));
     }
+}
+
+void TakePolygons(CShapeFile& file) {
+    ws.ShpPolygons.Clear();
+    ReadAll<CPolygon>(file, [](auto polygon) { ws.ShpPolygons.Add(std::move(polygon)); });
 }
 
 void Load() {
@@ -91,9 +112,10 @@ void Load() {
         TakePolygons(file);
         break;
     case PolyLineType:
+        ReadAll<CPolyLine>(file, [](const auto&) {});
+        break;
     case MultiPointType:
-        for (std::int32_t i = 1; i <= ws.NumRegion; ++i)
-            file.Item(i);
+        ReadAll<CMultiPoint>(file, [](const auto&) {});
         break;
     default:
         throw RunTimeError(UnsupportedShapeType, "button click", "Unsupported shape type");

@@ -1,5 +1,6 @@
 #include "core/spatial/ShapeReader.h"
 
+#include "core/numeric/Memory.h"
 #include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
 #include "core/spatial/ByteOrder.h"
@@ -52,6 +53,12 @@ std::string IndexRecord(std::int32_t index) {
     return "index record " + std::to_string(index);
 }
 
+/// A part takes far more memory than its index does in the file: many of them are asked for beforehand.
+void RequireMemoryForParts(std::int32_t count) {
+    constexpr std::int32_t many = 100000;
+    if (count > many) RequireMemory(static_cast<double>(count) * sizeof(CPart), "ShapeReader");
+}
+
 void CheckCount(std::int32_t count, const std::string& place) {
     if (count < 0) RaiseCustomary(SubscriptOutOfRange, "CheckCount", place + " has a negative count.");
 }
@@ -81,16 +88,25 @@ std::optional<std::int64_t> ShapeReader::ContentsOf(std::int32_t index, const So
     if (!offset && sources.Beyond == nullptr) return std::nullopt;
     if (!offset)
         throw RunTimeError(OffsetBeyondFile, sources.Beyond,
-                           "The offset read from index file is larger then the mainfile size");
+                           "The offset read from index file is larger then the mainfile size\n" +
+                               FileName(indexFile_.Path()) + " tells no place for " + place_ + ".");
     const std::int64_t start = 2 * std::int64_t{offset->Number};
-    if (GetRecordHeader(start, place_).Number != index)
-        throw RunTimeError(RecordMismatch, sources.Mismatch, "Index Record does not match main file Record");
+    const std::int32_t number = GetRecordHeader(start, place_).Number;
+    if (number != index)
+        throw RunTimeError(RecordMismatch, sources.Mismatch,
+                           "Index Record does not match main file Record\n" + place_ + " has the number " +
+                               std::to_string(number) + ".");
     const std::int64_t contents = start + static_cast<std::int64_t>(RecordHeaderSize);
     char type[TypeSize];
     mainFile_.Read(contents, type, sizeof type, place_);
     const auto shapeType = NumberAt<std::int32_t>(type);
     if (shapeType != shapeType_ || shapeType == NullType)
-        throw RunTimeError(ShapeTypeMismatch, sources.Type, "A shape type does not match main header type.");
+        throw RunTimeError(ShapeTypeMismatch, sources.Type,
+                           "A shape type does not match main header type.\n" + place_ +
+                               (shapeType == NullType
+                                    ? " is a null shape."
+                                    : " has the type " + std::to_string(shapeType) + ", and the file " +
+                                          std::to_string(shapeType_) + "."));
     return contents;
 }
 
@@ -121,6 +137,7 @@ std::shared_ptr<IShape> ShapeReader::ReadParts(std::int32_t index, const Sources
     std::vector<std::int32_t> firsts(static_cast<size_t>(partCount) + 1, pointCount);
     std::copy_n(bytes_.data(), partsSize, reinterpret_cast<char*>(firsts.data()));
     CheckParts(firsts, place_);
+    RequireMemoryForParts(partCount);
 
     auto shape = std::make_shared<Shape>();
     TakeBox(*shape, head + TypeSize, place_);

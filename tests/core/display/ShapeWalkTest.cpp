@@ -159,6 +159,15 @@ TEST_F(ShapeWalk, StopsAtCoordinatesThatAreNotFinite) {
         }
 }
 
+TEST_F(ShapeWalk, NamesTheRecordOfAnOverflowOfTheAction) {
+    const std::string path = folder_.Write("map.shp", PolygonFile(ThreeRegions()));
+    const auto overflow = [](std::int32_t record, const auto&) {
+        if (record == 1) RaiseCustomary(Overflow, "RoundToInt32");
+    };
+    EXPECT_EQ(ErrorDescriptionOf([&] { WalkRings(path, overflow); }),
+              "Overflow\nrecord 2 of map.shp has a vertex too far away to be drawn.");
+}
+
 TEST_F(ShapeWalk, StopsAtFilesThatCannotBeOpened) {
     EXPECT_EQ(ErrorNumberOf([&] { Walked(folder_ / "none.shp"); }), FileNotFound);
     EXPECT_EQ(ErrorNumberOf([&] { Walked(folder_.Path()); }), PathFileAccessError);

@@ -15,6 +15,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <functional>
 #include <limits>
 
 using namespace vastrel;
@@ -62,24 +63,35 @@ Pair TooLargeArea() {
     return WithRecord(Replaced(SoundSquare, FirstPointPlace + 16, corners));
 }
 
-/// Three records, each but the first a part of the one before: its header and counts stand among the other's
-/// coordinates. All have their points up to the end of the file, so that together they hold more than it.
-Pair OverlappingRecords() {
-    constexpr int count = 3, points = 40;
-    constexpr size_t contentsHead = 48, step = 64;
-    std::string body(8 + contentsHead + 16 * points, '\0');
+/// Three records, each but the first a part of the one before: its header and counts stand among what the
+/// other holds. All reach up to the end of the file, so that together they hold more than it.
+Pair OverlappingRecords(std::int32_t type, const std::function<std::string(size_t room)>& headOf) {
+    constexpr size_t count = 3, step = 64, room = 700;
+    std::string body(room, '\0');
     std::string index;
-    for (int i = 0; i < count; ++i) {
-        const size_t at = step * static_cast<size_t>(i);
-        const auto left = static_cast<std::int32_t>((body.size() - at - 8 - contentsHead) / 16);
-        const std::string head =
-            PartsContents(5, {0}, Ring(static_cast<size_t>(left))).substr(0, contentsHead);
-        body.replace(at, 8 + contentsHead, BigInteger(i + 1) + BigInteger(0) + head);
+    for (size_t i = 0; i < count; ++i) {
+        const size_t at = step * i;
+        const std::string head = headOf(room - at - 8);
+        const auto number = static_cast<std::int32_t>(type == 8 ? 0 : i + 1);
+        body.replace(at, 8 + head.size(), BigInteger(number) + BigInteger(0) + head);
         index += BigInteger(static_cast<std::int32_t>((100 + at) / 2)) + BigInteger(0);
     }
-    const std::string header = Sound.Shp.substr(0, 100);
+    const std::string header = Replaced(Sound.Shp.substr(0, 100), 32, LittleInteger(type));
     const auto words = static_cast<std::int32_t>((100 + index.size()) / 2);
-    return {header + body, Replaced(header, 24, BigInteger(words)) + index};
+    std::string indexHeader = Replaced(header, 24, BigInteger(words));
+    if (type == 8) indexHeader = Replaced(indexHeader, 92, BigInteger(50)); // where record 0 is looked up
+    return {header + body, indexHeader + index};
+}
+
+/// One part with as many points as there is room for, whose coordinates are all 0 but where heads stand.
+std::string HeadOfPoints(std::int32_t type, size_t room) {
+    constexpr size_t head = 48;
+    return PartsContents(type, {0}, Ring((room - head) / 16)).substr(0, head);
+}
+
+std::string HeadOfMultiPoint(size_t room) {
+    constexpr size_t head = 40;
+    return MultiPointContents(Ring((room - head) / 16)).substr(0, head);
 }
 
 /// A folder with one dataset, whose files are written anew only when they change.
@@ -173,21 +185,43 @@ std::vector<Case> RecordCases() {
         return Pair{Sound.Shp, Replaced(Sound.Shx, place, by)};
     };
     constexpr Ends Process = Ends::Process;
-    constexpr const char* mismatch = "Index Record does not match main file Record";
-    constexpr const char* wrongType = "A shape type does not match main header type.";
+    constexpr const char* mismatch =
+        "Index Record does not match main file Record\nrecord 2 of bad.shp has the number ";
+    constexpr const char* wrongType =
+        "A shape type does not match main header type.\nrecord 2 of bad.shp has the type ";
+    constexpr const char* isNull =
+        "A shape type does not match main header type.\nrecord 2 of bad.shp is a null shape.";
     return {
         {"offset beyond the .shp", shx(108, BigInteger(1000000)), InputPastEndOfFile, Process, Record2},
         {"offset at the end of 32 bits", shx(108, BigInteger(Most)), InputPastEndOfFile, Process, Record2},
         {"offset negative", shx(108, BigInteger(-4)), InputPastEndOfFile, Process, Record2},
         {"offset into the main header", shx(108, BigInteger(0)), RecordMismatch, Process, mismatch},
+        {"length in the index wrong", shx(112, BigInteger(7))},
+        {"length in the index negative", shx(112, BigInteger(-1))},
+        {"length in the index huge", shx(112, BigInteger(Most))},
         {"offset of another record", shx(108, BigInteger(50)), RecordMismatch, Process, mismatch},
         {"record number out of order", WithRecord(SoundSquare, 3), RecordMismatch, Process, mismatch},
         {"record number negative", WithRecord(SoundSquare, -2), RecordMismatch, Process, mismatch},
         {"content length wrong", {Replaced(Sound.Shp, Record1 + 4, BigInteger(7)), Sound.Shx}},
-        {"null shape", WithRecord(LittleInteger(0)), ShapeTypeMismatch, Process, wrongType},
+        {"null shape", WithRecord(LittleInteger(0)), ShapeTypeMismatch, Process, isNull},
+        {"null shape with long content", WithSquare(0, LittleInteger(0)), ShapeTypeMismatch, Process, isNull},
         {"polyline among polygons", WithSquare(0, LittleInteger(3)), ShapeTypeMismatch, Process, wrongType},
         {"point among polygons", WithRecord(PointContents(1, 2)), ShapeTypeMismatch, Process, wrongType},
-        {"record inside another", OverlappingRecords(), InputPastEndOfFile, Process, Record2},
+    };
+}
+
+/// Shapes that share their bytes: read to the end they would take time in the square of the file's size.
+std::vector<Case> NestedCases() {
+    const auto points = [](std::int32_t type) {
+        return OverlappingRecords(type, [type](size_t room) { return HeadOfPoints(type, room); });
+    };
+    constexpr Ends Process = Ends::Process;
+    constexpr const char* inside = "record 2 of bad.shp stands inside another";
+    return {
+        {"polygon inside another", points(5), InputPastEndOfFile, Process, inside},
+        {"line inside another", points(3), InputPastEndOfFile, Process, inside},
+        {"multipoint that all records are", OverlappingRecords(8, HeadOfMultiPoint), InputPastEndOfFile,
+         Process, inside},
     };
 }
 
@@ -230,6 +264,7 @@ class MalformedShapefiles : public ::testing::TestWithParam<std::vector<Case> (*
 
 INSTANTIATE_TEST_SUITE_P(Headers, MalformedShapefiles, ::testing::Values(HeaderCases));
 INSTANTIATE_TEST_SUITE_P(Records, MalformedShapefiles, ::testing::Values(RecordCases));
+INSTANTIATE_TEST_SUITE_P(Nested, MalformedShapefiles, ::testing::Values(NestedCases));
 INSTANTIATE_TEST_SUITE_P(Contents, MalformedShapefiles, ::testing::Values(ContentCases));
 
 } // namespace
