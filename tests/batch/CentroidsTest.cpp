@@ -86,7 +86,7 @@ TEST(CentroidsCommand, StopsAtAFaultAndLeavesTheFile) {
     const std::string out = folder.Write("c.txt", "older");
     const auto result = RunBatch({"centroids", bytes.WritePair(folder, "flat"), "--out", out});
     EXPECT_EQ(result.Status, 4);
-    EXPECT_EQ(result.Errors, "Run-time error '11':\n\nDivision by zero\n");
+    EXPECT_EQ(result.Errors, "Run-time error '11':\n\nDivision by zero\nPart 1 of Region 1.\n");
     EXPECT_EQ(ReadFile(out), "older");
 }
 

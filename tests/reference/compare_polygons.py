@@ -7,7 +7,6 @@ Texts are compared to the letter, the numbers of JSON and cusum files as compare
 and refusals by their status and message.
 """
 
-import json
 import os
 import subprocess
 import sys
@@ -28,6 +27,11 @@ OUTPUTS = {
     "export": ("out",),
 }
 STOPPED = "Run-time error '"
+DEGREES = "Note: the coordinates look like degrees. Distances are computed in the plane: project the data first."
+
+
+def look_like_degrees(places):
+    return all(-180 <= x <= 360 and -90 <= y <= 90 for x, y in places)
 
 
 def expected(kind, path, ask):
@@ -42,6 +46,8 @@ def expected(kind, path, ask):
             run = polygons.Retrospective(path, ask, messages.append)
         else:
             run = polygons.Prospective(path, ask)
+        if look_like_degrees(Dataset(path).shapes.centroids):
+            messages.insert(0, DEGREES)
         return 0, messages, {what: getattr(run, what)() for what in outputs(kind, ask)}
     except Refused as refused:
         return 3, messages + [str(refused)], {}
@@ -108,7 +114,7 @@ def compare(program, kind, path, ask, folder):
         difference.wrong.append("messages %r, program %r" % (messages, errors))
     for what in set(ours) & set(theirs):
         if what == "json":
-            difference.compare(what, ours[what], json.loads(theirs[what]))
+            difference.compare_json(ours[what], theirs[what])
         elif what == "cusum":
             difference.compare(what, fields(ours[what]), fields(theirs[what]))
         elif ours[what] != theirs[what]:

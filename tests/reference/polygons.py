@@ -83,6 +83,7 @@ class Retrospective(retrospective.Run):
         self.id_columns = [data.ids(ask[key]) for key in ("id", "id2") if key in ask]
         population = "pop" in ask
         counts = Counts(data, ask["pop" if population else "exp"], ask["cases" if population else "obs"], population)
+        counts.ids = self.id_columns[0]
         ask = {**DEFAULTS, **ask, "alpha": float(ask.get("alpha", "0.05"))}
         super().__init__(counts, Area(data.shapes.total), ask, warn)
         self.warn = warn
@@ -132,7 +133,6 @@ class Retrospective(retrospective.Run):
 
     def single_report(self):
         self.take_m_critical_again()
-        self.data.ids = self.id_columns[0]
         rows = super().single_report()
         first = len(rows) - 1 - self.data.n
         two = len(self.id_columns) == 2
@@ -153,6 +153,8 @@ class Retrospective(retrospective.Run):
         for of_points in ("PlottedPoints", "ScaleX", "ScaleY"):
             del values[of_points]
         values["TotalPop"] = self.data.total_pop
+        if len(self.id_columns) == 2:
+            values["RegionID2"] = self.id_columns[1]
         if "LegendTexts" in values and not self.score:
             values["LegendTexts"] = M_TEXTS
         return values

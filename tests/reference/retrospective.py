@@ -605,6 +605,7 @@ class Run:
         d, last = self.data, self.single or self.steps[-1]
         values = {
             "NumRegion": d.n,
+            "RegionID": d.ids,
             "TotalShapeArea": last.area,
             "RegionCentroid": [[x, y] for x, y in zip(d.x, d.y)],
             "ObsCount": d.obs,
