@@ -294,10 +294,8 @@ TEST(MalformedShapefile, LeavesNoResultOfAFault) {
     ScriptedPlatform platform;
     DatasetFolder folder;
     OpenAndCompute(folder, WithRecord(PolygonContents({{{1, 2}, {3, 5}, {1, 2}}})));
-    EXPECT_EQ(ws.TotalShapeArea, 2); // two unit squares and a ring without area
-    ASSERT_EQ(ws.RegionCentroid.UpperBound(), 3);
-    for (int i = 0; i <= 3; ++i)
-        EXPECT_EQ(ws.RegionCentroid(i), RegionPoint{}) << i;
+    EXPECT_EQ(ws.TotalShapeArea, 0);
+    EXPECT_FALSE(ws.RegionCentroid.IsAllocated());
     OpenAndCompute(folder, TooLargeArea());
     EXPECT_EQ(ws.TotalShapeArea, 0);
     for (int i = 0; i <= 3; ++i)
