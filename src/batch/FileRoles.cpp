@@ -2,9 +2,8 @@
 
 #include "batch/Command.h"
 #include "batch/WatchOptions.h"
-#include "core/layer/Layer.h"
+#include "core/layer/SaveLayer.h"
 #include "core/platform/NativePath.h"
-#include "core/spatial/ShapefileFiles.h"
 #include "core/text/OutputTarget.h"
 
 #include <filesystem>
@@ -41,23 +40,13 @@ NamedFile Named(const std::string& option, const std::string& path) {
     return {option, path, FileIdentity(path), IsDescriptor(path)};
 }
 
-bool IsShapefile(const std::string& path) {
-    const fs::path extension = NativePath(path).extension();
-    return extension == ".shp" || extension == ".SHP";
-}
-
 /// The files of the command, by what is done with them.
 struct CommandFiles {
     std::vector<NamedFile> Inputs, Outputs;
     std::vector<NamedFile> Folders; // of pictures whose number is not known yet
 
     void AddInput(const std::string& option, const std::string& path) {
-        const std::string whole = AbsolutePath(path);
-        Inputs.push_back(Named(option, whole));
-        if (!IsShapefile(path)) return;
-        for (const auto& file : FilesOfShapefile(whole))
-            Inputs.push_back(Named(option, file));
-        for (const auto& file : PathsOfLayer(whole)) // the projection among them
+        for (const auto& file : FilesOfInput(AbsolutePath(path)))
             Inputs.push_back(Named(option, file));
     }
 

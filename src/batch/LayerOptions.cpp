@@ -1,7 +1,6 @@
 #include "batch/LayerOptions.h"
 
 #include "batch/Command.h"
-#include "core/layer/SaveLayer.h"
 
 #include <iostream>
 
@@ -13,12 +12,8 @@ void LayerOptions::AddTo(CLI::App& command) {
     command.add_option("--table", Table, "the results as rows (.csv)")->group("Output");
 }
 
-void LayerOptions::Check(const std::vector<std::string>& inputs) const {
+void LayerOptions::Check() const {
     if (!Layer.empty() && !IsLayerPath(Layer)) throw WrongUse(Layer + " ends in none of: .geojson .shp");
-    auto outputs = Layer.empty() ? std::vector<std::string>() : PathsOfLayer(Layer);
-    if (!Table.empty()) outputs.push_back(Table);
-    const std::string over = OutputOverInput(outputs, inputs);
-    if (!over.empty()) throw WrongUse(over + " is an input.");
 }
 
 void LayerOptions::RequireRoomFor(std::ptrdiff_t columns) const {

@@ -14,9 +14,8 @@ struct LayerOptions {
     void AddTo(CLI::App& command);
     bool AsksForNothing() const { return Layer.empty() && Table.empty(); }
 
-    /// WrongUse for a layer whose name does not tell its format, and for one that would be written over an
-    /// input: a shapefile with all that goes with it, or a text file.
-    void Check(const std::vector<std::string>& inputs) const;
+    /// WrongUse for a layer whose name does not tell its format.
+    void Check() const;
 
     /// WrongUse for more columns than the format of the layer holds.
     void RequireRoomFor(std::ptrdiff_t columns) const;

@@ -31,7 +31,7 @@ struct PointWatchOptions : WatchOptions {
     }
 
     void CheckAll() const {
-        Check({IDs, ZScores, Previous});
+        Check();
         const bool previous = ChosenStart() == StartOption::Previous;
         if (previous && !GoesOn()) throw WrongUse("--start previous needs --previous.");
         if (!previous && GoesOn()) throw WrongUse("--previous goes with --start previous.");

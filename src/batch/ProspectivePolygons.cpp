@@ -35,7 +35,7 @@ struct PolygonWatchOptions : WatchOptions {
     StartOption Start() const { return GoesOn() ? StartOption::Previous : StartOption::Zero; }
 
     void CheckAll() const {
-        Check({File, ZScores, Previous});
+        Check();
         if (FieldsOption->count() == 0 && ZOption->count() == 0) throw WrongUse("Give --fields or --z.");
     }
 };

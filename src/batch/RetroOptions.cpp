@@ -65,8 +65,8 @@ RetroVariable RetroOptions::ChosenVariable() const {
     return Variables.at(Variable);
 }
 
-void RetroOptions::Check(const std::vector<std::string>& inputs, bool twoIDs) const {
-    Layer.Check(inputs);
+void RetroOptions::Check(bool twoIDs) const {
+    Layer.Check();
     if (const auto steps = StepsOf(Range); steps && IsRange())
         Layer.RequireRoomFor(RangeColumnCount(twoIDs, *steps));
     RequirePictureEnding(Map, {".png", ".svg"});

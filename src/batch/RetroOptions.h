@@ -26,9 +26,9 @@ struct RetroOptions {
     bool AsksForNothing() const;
     RetroVariable ChosenVariable() const;
 
-    /// What goes together and what does not; WrongUse otherwise. `inputs` are the files that are read, and
-    /// `twoIDs` tells whether the rows carry two ids.
-    void Check(const std::vector<std::string>& inputs, bool twoIDs) const;
+    /// What goes together and what does not; WrongUse otherwise. `twoIDs` tells whether the rows carry two
+    /// ids.
+    void Check(bool twoIDs) const;
 };
 
 } // namespace vastrel

@@ -86,7 +86,7 @@ void AddRetrospectivePoints(CLI::App& program, const ProgramOptions& programOpti
     command->add_option("--zoom", options->Zoom, "zoom of the map")->capture_default_str()->group("Test");
     command->callback([options, &programOptions, &run] {
         run = [options, &programOptions] {
-            options->Check({options->File}, false);
+            options->Check(false);
             return PointRun(*options, programOptions).Run();
         };
     });

@@ -60,7 +60,7 @@ void AddRetrospectivePolygons(CLI::App& program, const ProgramOptions& programOp
     command->callback([options, &programOptions, &run] {
         run = [options, &programOptions] {
             options->Columns.Check();
-            options->Check({options->File}, !options->Columns.IDs.ID2.empty());
+            options->Check(!options->Columns.IDs.ID2.empty());
             return PolygonRun(*options, programOptions).Run();
         };
     });

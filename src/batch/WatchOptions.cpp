@@ -35,8 +35,8 @@ void WatchOptions::AddTo(CLI::App& command) {
         ->group("Output");
 }
 
-void WatchOptions::Check(const std::vector<std::string>& inputs) const {
-    Layer.Check(inputs);
+void WatchOptions::Check() const {
+    Layer.Check();
     if (!Maps.empty()) RequirePictureEnding(PeriodPicture(Maps, 1, 1), {".png"});
     RequirePictureEnding(Chart, {".png", ".svg", ".pdf"});
 }

@@ -15,9 +15,8 @@ struct WatchOptions {
 
     void AddTo(CLI::App& command);
 
-    /// What goes together and what does not; WrongUse otherwise. `inputs` are the files that are read, empty
-    /// texts among them.
-    void Check(const std::vector<std::string>& inputs) const;
+    /// What goes together and what does not; WrongUse otherwise.
+    void Check() const;
 
     bool AsksForNothing() const;
 };

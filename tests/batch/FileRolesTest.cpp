@@ -101,6 +101,12 @@ TEST_F(FileRolesTest, NoOutputIsAnInput) {
                 ExpectRefused(command + Words{output, In(input)}, " is an input.", folder_.Path());
 }
 
+TEST_F(FileRolesTest, AShapefileIsOneInAnyCaseOfItsEnding) {
+    fs::rename(In("country.shp"), In("country.Shp"));
+    for (const auto* file : {"country.Shp", "country.shx", "country.dbf", "country.prj"})
+        ExpectRefused({"centroids", In("country.Shp"), "--out", In(file)}, " is an input.", In(file));
+}
+
 TEST_F(FileRolesTest, SettingsAreInputsToo) {
     const auto json = In("run.json");
     ASSERT_EQ(RunBatch(RetroPoints() + Words{"--json", json}).Status, 0);

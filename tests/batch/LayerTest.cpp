@@ -87,6 +87,7 @@ TEST_F(LayerOfPolygons, NotesACoordinateSystemOfItsOwn) {
 TEST_F(LayerOfPolygons, NeverStandsOverAnInput) {
     Folder.Write("three.prj", "GEOGCS[\"x\"]");
     fs::create_symlink(Folder / "three.dbf", Folder / "link.dbf");
+    fs::create_directory(Folder / "x");
     const auto before = Names();
     const auto shp = ReadFile(Folder / "three.shp"), dbf = ReadFile(Folder / "three.dbf");
     for (const Words& outputs : {Words{"--layer", Folder / "three.shp"},

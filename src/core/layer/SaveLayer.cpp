@@ -22,23 +22,24 @@ bool SameFile(const std::string& a, const std::string& b) {
     return Absolute(a) == Absolute(b) || fs::equivalent(NativePath(a), NativePath(b), ignored);
 }
 
-std::vector<std::string> FilesOfInput(const std::string& input) {
-    if (input.empty()) return {};
-    if (!IsLayerPath(input)) return {input};
-    auto files = FilesOfShapefile(Absolute(input));
-    for (const std::string& file : PathsOfLayer(input)) // the projection among them
-        files.push_back(file);
-    return files;
-}
-
-} // namespace
-
+/// The first of the outputs that is an input, by whatever spelling or link; empty where none is.
 std::string OutputOverInput(const std::vector<std::string>& outputs, const std::vector<std::string>& inputs) {
     for (const std::string& input : inputs)
         for (const std::string& file : FilesOfInput(input))
             for (const std::string& output : outputs)
                 if (SameFile(file, output)) return output;
     return "";
+}
+
+} // namespace
+
+std::vector<std::string> FilesOfInput(const std::string& path) {
+    if (path.empty()) return {};
+    auto files = PathsOfLayer(path); // the projection among them
+    if (files.size() == 1) return files;
+    for (const std::string& file : FilesOfShapefile(Absolute(path)))
+        files.push_back(file);
+    return files;
 }
 
 void SaveLayerAs(const Layer& layer, const std::vector<std::string>& inputs) {

@@ -9,9 +9,9 @@ namespace vastrel {
 
 constexpr const char* LayerFilter = "GeoJSON (*.geojson)|*.geojson|Shapefile (*.shp)|*.shp";
 
-/// The first of the outputs that is an input, or one of the files that go with an input that is a shapefile;
-/// empty where none is. A file is the same under all its names, links among them. Empty inputs are none.
-std::string OutputOverInput(const std::vector<std::string>& outputs, const std::vector<std::string>& inputs);
+/// An input and, of a shapefile, all that goes with it, whether or not it is there: table, index, character
+/// set and projection. None for an empty path.
+std::vector<std::string> FilesOfInput(const std::string& path);
 
 /// The command: asks for a file and writes the layer, whole or not at all. A cancel ends it without a file,
 /// and so do, with a message, a name that tells no format and one of the inputs, of which the layer was made.
