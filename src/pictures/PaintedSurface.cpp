@@ -16,13 +16,14 @@ bool IsMark(const QPolygonF& ring) {
 }
 
 /// How far a mark is moved so that all of a kind cover the same pixels: at a scale like 1.5 the centres of
-/// logical pixels fall on different places of a device pixel. Nothing at whole scales.
-QPointF ToPixel(const QPainter& painter, const QPointF& centre) {
+/// logical pixels, one of which is the anchor, fall on different places of a device pixel. Nothing at whole
+/// scales.
+QPointF ToPixel(const QPainter& painter, const QPointF& anchor) {
     const QTransform toDevice = painter.deviceTransform();
     const QPointF origin = toDevice.map(QPointF(0.5, 0.5));
-    const QPointF away = toDevice.map(centre) - origin;
+    const QPointF away = toDevice.map(anchor) - origin;
     const QPointF whole(std::round(away.x()), std::round(away.y()));
-    return toDevice.inverted().map(origin + whole) - centre;
+    return toDevice.inverted().map(origin + whole) - anchor;
 }
 
 } // namespace
@@ -68,7 +69,7 @@ void PaintedSurface::Polygon(const std::vector<PlotPoint>& corners) {
         painter.setRenderHint(QPainter::Antialiasing, false);
         painter.setPen(pen);
         painter.setBrush(brush);
-        painter.drawPolygon(IsMark(ring) ? ring.translated(ToPixel(painter, ring.boundingRect().center()))
+        painter.drawPolygon(IsMark(ring) ? ring.translated(ToPixel(painter, ring.boundingRect().topLeft()))
                                          : ring,
                             Qt::OddEvenFill);
     });
