@@ -14,6 +14,9 @@ namespace {
 
 constexpr int FrameWidth = 2;
 
+/// The strokes that are kept for a picture on paper: several maps of the largest dataset over one another.
+constexpr size_t MostStrokes = 200000;
+
 int ButtonCode(Qt::MouseButtons buttons) {
     return (buttons & Qt::LeftButton ? 1 : 0) + (buttons & Qt::RightButton ? 2 : 0) +
            (buttons & Qt::MiddleButton ? 4 : 0);
@@ -65,6 +68,10 @@ void PlotWidget::Paint(const Stroke& stroke) {
     if (!painter_) painter_.emplace(&picture_);
     stroke(*painter_);
     strokes_.push_back(stroke);
+    if (strokes_.size() < MostStrokes) return;
+    // A long animation paints over and over: what it has come to stands for all that led there.
+    EndPainting();
+    strokes_ = {[picture = picture_](QPainter& painter) { painter.drawImage(0, 0, picture); }};
 }
 
 void PlotWidget::Repeat(QPainter& painter) const {

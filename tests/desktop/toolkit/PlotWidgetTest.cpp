@@ -3,6 +3,7 @@
 #include "core/platform/RunTimeError.h"
 #include "support/ScriptedPlatform.h"
 
+#include <QPainter>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -112,4 +113,18 @@ TEST(PlotWidgetSizeTest, StartsAWhitePictureWhenItsSizeChanges) {
     QImage white = surface.Picture();
     white.fill(Qt::white);
     EXPECT_EQ(surface.Picture(), white);
+}
+
+TEST_F(PlotWidgetTest, RepeatsALongAnimationWithoutKeepingItAll) {
+    Surface.Erase();
+    Surface.SetPen(Colours::Red);
+    constexpr int more = 200001; // than the strokes that are kept
+    for (int stroke = 0; stroke < more; ++stroke)
+        Surface.Point(stroke % 90, stroke / 90 % 90, Colours::Red);
+    QImage again = Surface.Picture();
+    again.fill(Qt::white);
+    QPainter painter(&again);
+    Surface.Repeat(painter);
+    painter.end();
+    EXPECT_EQ(again, Surface.Picture());
 }
