@@ -189,8 +189,13 @@ TEST_F(Rounding, OfTheHardestArguments) {
         return !NearestBitsIfSure(value, 52 + bits);
     };
     EXPECT_TRUE(isHard(0x1.9e9cbbfd6080bp-31, 58));
-    for (const double x : {0x1.9e9cbbfd6080bp-31, -0x1.0000008a69615p+0, -0x1.000001e92ef0cp+0}) {
+    for (const double x :
+         {0x1.9e9cbbfd6080bp-31, -0x1.0000008a69615p+0, -0x1.000001e92ef0cp+0, -0x1.800000bb2fcf4p+2}) {
         EXPECT_TRUE(isHard(x, 29)) << x;
         Around(x, [&](double at) { OfExponential(at); });
     }
+    for (const double x : {0x1.800003080ad7dp-3, 0x1.200001373c422p+4})
+        Around(x, [&](double at) { OfLogarithm(at); });
+    for (const double x : {0x1.000001b5b9907p-2, 0x1.800000d1d8cf7p+1})
+        Around(x, [&](double at) { OfArcTangent(at); });
 }
