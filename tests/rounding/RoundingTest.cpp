@@ -199,3 +199,18 @@ TEST_F(Rounding, OfTheHardestArguments) {
     for (const double x : {0x1.000001b5b9907p-2, 0x1.800000d1d8cf7p+1})
         Around(x, [&](double at) { OfArcTangent(at); });
 }
+
+/// With the exponents of the formulas. The squares are ties; the roots lie as near to a middle as roots can.
+TEST_F(Rounding, OfTheHardestPowers) {
+    struct Hard {
+        double Base, Exponent;
+    };
+    for (const auto [base, exponent] : {Hard{0x1.4ccccd88da67cp+0, 1.5},
+                                        {0x1.4cccd0082bbaep+0, 0.33333},
+                                        {0x1.4ccccfb78ce9p+0, 1 / 0.33333},
+                                        {0x6000001p+0, 2},
+                                        {0x6000001p-60, 2},
+                                        {1 + 0x1p-52, 0.5},
+                                        {4 - 0x1p-51, 0.5}})
+        Around(base, [&, y = exponent](double at) { OfPower(at, y); });
+}
