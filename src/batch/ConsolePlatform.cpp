@@ -46,6 +46,7 @@ FileChoice ConsolePlatform::ChooseFile(const FileQuestion&) {
 }
 
 void ConsolePlatform::SetBusyPointer(bool) {}
+void ConsolePlatform::DropInput() {}
 void ConsolePlatform::Yield(long) {}
 
 void ConsolePlatform::ReportRunTimeError(const RunTimeError& error) {

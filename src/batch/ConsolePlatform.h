@@ -19,6 +19,7 @@ public:
     void ShowMessage(const Message& message) override;
     FileChoice ChooseFile(const FileQuestion& question) override;
     void SetBusyPointer(bool busy) override;
+    void DropInput() override;
     void Yield(long count) override;
     void ReportRunTimeError(const RunTimeError& error) override;
     void EndProcess(int status) override;

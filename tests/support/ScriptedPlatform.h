@@ -31,11 +31,14 @@ public:
     bool BusyPointer() const { return busy_; }
     /// One line a call: "message Warning!: text", "open (filter) -> path", "pointer busy", "yield 10001", ...
     const std::string& Transcript() const { return transcript_; }
+    /// How often the clicks and keys that waited were dropped.
+    int DroppedInputs() const { return droppedInputs_; }
     long YieldCalls() const { return yieldCalls_; }
 
     void ShowMessage(const Message& message) override;
     FileChoice ChooseFile(const FileQuestion& question) override;
     void SetBusyPointer(bool busy) override;
+    void DropInput() override { ++droppedInputs_; }
     void Yield(long count) override;
     void ReportRunTimeError(const RunTimeError& error) override;
     void EndProcess(int status) override;
@@ -53,6 +56,7 @@ private:
     std::string transcript_;
     bool busy_ = false;
     long yieldCalls_ = 0;
+    int droppedInputs_ = 0;
 };
 
 } // namespace vastrel

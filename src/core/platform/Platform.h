@@ -44,6 +44,9 @@ public:
     /// The busy pointer of the whole program: one state, set and reset, no stack.
     virtual void SetBusyPointer(bool busy) = 0;
 
+    /// Drops the clicks and keys that wait, where a person can make any.
+    virtual void DropInput() = 0;
+
     /// Serves pending events and brings pending paints to the screen, `count` times, each paced.
     virtual void Yield(long count) = 0;
 

@@ -1,6 +1,6 @@
 #include "core/spatial/CentroidFile.h"
 
-#include "core/platform/Platform.h"
+#include "core/platform/Computation.h"
 #include "core/spatial/Centroids.h"
 #include "core/text/Numbers.h"
 #include "core/text/TextFile.h"
@@ -21,8 +21,11 @@ std::string CentroidFileText() {
 }
 
 void mnuGetCentroid() {
-    ComputeShapeAreas();
-    ComputeCentroids();
+    {
+        const Computation places;
+        ComputeShapeAreas();
+        ComputeCentroids();
+    }
     FileQuestion question;
     question.Way = FileQuestion::Kind::Save;
     question.Filter = CentroidFilter;

@@ -16,8 +16,8 @@ struct DbaseColumn {
     size_t Place = 0; // in a row, behind the byte that marks a deleted one
 };
 
-/// An open dBASE table, whose rows are given as the bytes of the file. Rows that are marked as deleted are
-/// rows like the others.
+/// An open dBASE table, whose rows are given as the bytes of the file. They are read whole at the open: what
+/// becomes of the file later is not seen. Rows that are marked as deleted are rows like the others.
 class DbaseTable {
 public:
     /// Opens a table; the file is found regardless of the case of its name. What keeps it from being one is a

@@ -1,6 +1,6 @@
 #include "desktop/export/frmExportDataset.h"
 
-#include "core/platform/Platform.h"
+#include "core/platform/Computation.h"
 #include "core/spatial/AttributeRows.h"
 #include "core/text/TextFile.h"
 #include "desktop/toolkit/OnEvent.h"
@@ -48,7 +48,10 @@ void frmExportDataset::cmdExport_Click() {
     for (const auto* box : {ui_->cboObsFrom, ui_->cboObsTo, ui_->cboExpFrom, ui_->cboExpTo})
         if (box->Text().empty()) return Warn(ExportNotSelected);
     if (!TakeExportSigma(ui_->txtSigma->text().toStdString())) return;
-    if (!ComputeExport(Option())) return;
+    {
+        const Computation periods;
+        if (!ComputeExport(Option())) return;
+    }
     const FileChoice choice = platform().ChooseFile({FileQuestion::Kind::Save, ExportFilter, ""});
     if (choice.Cancelled || choice.Path.empty()) return;
     WriteTextFile(choice.Path, ExportLines());

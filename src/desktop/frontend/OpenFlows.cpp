@@ -1,5 +1,6 @@
 #include "desktop/frontend/OpenFlows.h"
 
+#include "core/platform/Computation.h"
 #include "core/spatial/Centroids.h"
 #include "core/spatial/ShapeDataset.h"
 #include "core/workspace/Workspace.h"
@@ -19,12 +20,14 @@ namespace {
 
 bool ChooseShapefile() {
     ws.MapZoom = 1.0;
+    const Computation reading; // from the answer to the file dialog on
     if (!OpenShapeAttributes()) return false;
     The<frmAttTable>().TakeTable();
     return true;
 }
 
 void TakeShapes() {
+    const Computation reading;
     ReadShapeHeader();
     LoadShapes();
     ws.ShapeFileTitleSaved = ws.ShapeFileTitle;
@@ -40,6 +43,7 @@ void EmptyColumnDialog() {
 }
 
 void ComputePlaces() {
+    const Computation places;
     ComputeShapeAreas();
     ComputeCentroids();
 }

@@ -1,6 +1,6 @@
 #include "desktop/prospective/frmTxtFileOpen.h"
 
-#include "core/platform/Platform.h"
+#include "core/platform/Computation.h"
 #include "core/platform/RunTimeError.h"
 #include "core/prospective/CusumFile.h"
 #include "desktop/prospective/frmUnivariate.h"
@@ -33,6 +33,7 @@ void frmTxtFileOpen::cmdOpen_Click() {
         platform().ChooseFile({FileQuestion::Kind::Open, "cusum files (*.csm)|*.csm", ".csm"});
     if (choice.Title.empty()) return; // the table of an earlier choice stays
     const auto path = (std::filesystem::current_path() / choice.Title).string();
+    const Computation reading;
     try {
         ReadCusumFile(path);
     } catch (const RunTimeError&) { // errors pass over here

@@ -1,7 +1,7 @@
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
 
 #include "core/display/PointLegend.h"
-#include "core/platform/Platform.h"
+#include "core/platform/Computation.h"
 #include "core/prospective/CusumChart.h"
 #include "core/prospective/CusumFile.h"
 #include "core/prospective/CusumInput.h"
@@ -122,6 +122,7 @@ void frmUnivariateCusumTextfile::optFIR_Click() {
 
 void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
     const std::string path = ChooseTextFile();
+    const Computation reading;
     if (!LoadIDXY(watch_, path)) return;
     DisableSave();
     ui_->txtIDXY->setText(QString::fromStdString(path));
@@ -134,6 +135,7 @@ void frmUnivariateCusumTextfile::cmdFileOpenIDXY_Click() {
 
 void frmUnivariateCusumTextfile::cmdNewZScore_Click() {
     const std::string path = ChooseTextFile();
+    const Computation reading;
     if (!LoadNewZScore(watch_, path)) return;
     DisableSave();
     ui_->txtNewZScore->setText(QString::fromStdString(path));
@@ -142,6 +144,7 @@ void frmUnivariateCusumTextfile::cmdNewZScore_Click() {
 
 void frmUnivariateCusumTextfile::cmdOldCusum_Click() {
     const std::string path = ChooseTextFile();
+    const Computation reading;
     if (!LoadOldCusum(watch_, path)) return;
     DisableSave();
     ui_->txtOldCusum->setText(QString::fromStdString(path));

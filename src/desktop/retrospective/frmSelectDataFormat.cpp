@@ -1,6 +1,6 @@
 #include "desktop/retrospective/frmSelectDataFormat.h"
 
-#include "core/platform/Platform.h"
+#include "core/platform/Computation.h"
 #include "core/retrospective/PointDataset.h"
 #include "core/workspace/Workspace.h"
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
@@ -31,6 +31,7 @@ void frmSelectDataFormat::cmdContinue_Click() {
     const auto format = ui_->optObsExp->Value()    ? PointFormat::ObsExp
                         : ui_->optPopCase->Value() ? PointFormat::PopCase
                                                    : PointFormat::None;
+    const Computation reading;
     if (!LoadPointDataset(choice.Path, format)) return Warn(WrongPointFormat);
     screens().ShowDataset(choice.Path, static_cast<std::ptrdiff_t>(ws.NumTextRegion), "points");
     Unload();

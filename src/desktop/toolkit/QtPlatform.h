@@ -24,7 +24,7 @@ public:
     /// A run that computes takes no input: what is clicked and typed behind the call with true is dropped at
     /// a message, at the first yield, or at the call with false where there was no yield.
     void SetBusyPointer(bool busy) override;
-    void DropInput();
+    void DropInput() override;
     void Yield(long count) override;
     void ReportRunTimeError(const RunTimeError& error) override;
     [[noreturn]] void EndProcess(int status) override;

@@ -180,6 +180,19 @@ TEST_F(ExportScreen, StopsAtAnExpectedCountOfZero) {
     EXPECT_TRUE(Screen.IsLoaded());
 }
 
+// The input is dropped before the file dialog stands, and by a fault too.
+TEST_F(ExportScreen, TakesNoInputWhileItComputes) {
+    const int before = Script.DroppedInputs();
+    Choose("O1", "O2", "E1", "E2");
+    Press(Screen, "optGeneric");
+    ExportTo("");
+    EXPECT_EQ(Script.DroppedInputs(), before + 1);
+    Choose("O1", "O1", "O2", "O2"); // with an expected count of 0
+    Script.ExpectRunTimeError(11);
+    Press(Screen, "cmdExport");
+    EXPECT_EQ(Script.DroppedInputs(), before + 2);
+}
+
 TEST_F(ExportScreen, StopsWhereTheFileCannotBeWritten) {
     Choose("O1", "O1", "E1", "E1");
     Press(Screen, "optGeneric");

@@ -383,6 +383,22 @@ TEST_F(OpenFlows, ShowTheTable) {
     EXPECT_EQ(Grid.windowTitle(), "three.dbf");
 }
 
+// Before the data input stands, too: what was made while the file was read is not for that.
+TEST_F(OpenFlows, TakeNoInputWhileTheyReadAndCompute) {
+    int beforeDialog = 0;
+    OpenRetro(WriteThree(), [&, this] {
+        beforeDialog = Script.DroppedInputs();
+        Parameter.Unload();
+    });
+    EXPECT_EQ(beforeDialog, 2); // table and shapes
+    EXPECT_EQ(Script.DroppedInputs(), 3);
+    OpenPro(Folder / "three.shp");
+    EXPECT_EQ(Script.DroppedInputs(), 3 + 3);
+    Script.ExpectFile(FileQuestion::Kind::Save, "Text File (*.txt)|*.txt", "");
+    Command("mnuGetCentroid");
+    EXPECT_EQ(Script.DroppedInputs(), 6 + 1);
+}
+
 TEST_F(OpenFlows, WriteTheCentroids) {
     OpenPro(WriteThree());
     ws.RegionCentroid(1) = {};

@@ -222,6 +222,7 @@ TEST_F(WatchScreenTest, EndsTheProcessInsideAYield) {
 // A continued run ends in the same quiet way, also where its saved periods stand in the list.
 TEST_F(WatchScreenTest, EndsAContinuedRunThatIsClosedWhileItPlays) {
     LoadForContinuation();
+    EXPECT_EQ(Script.DroppedInputs(), 3); // while the files were read
     Script.AtYield(1, [this] { Screen.Frame()->close(); });
     Run();
     EXPECT_FALSE(Screen.IsLoaded());

@@ -473,6 +473,7 @@ TEST_F(PointScreen, RunsOnEnterAndStaysAtEscape) {
 // What is clicked while a run computes is dropped: no second run, and the screen with its results stays.
 TEST_F(PointScreen, TakesNoInputWhileItComputes) {
     LoadFour();
+    EXPECT_EQ(Script.DroppedInputs(), 1); // while the file was read
     Press(Screen, "optSpatialSingleSigma");
     Type(Screen, "txtSingleSigma", "1");
     ServeEvents();

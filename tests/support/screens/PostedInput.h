@@ -10,12 +10,16 @@ namespace vastrel {
 
 // Clicks and keys that wait in the queue of the program, as those do that a person makes while it computes.
 
+// The event itself comes into being as it is served: two that are made ahead share the position of the later.
 inline void PostMouse(QWidget& control, QEvent::Type type) {
     QWidget* window = control.window();
     const QPointF at = control.mapTo(window, control.rect().center());
-    const auto down = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-    QCoreApplication::postEvent(window->windowHandle(),
-                                new QMouseEvent(type, at, window->mapToGlobal(at), Qt::LeftButton, down, {}));
+    const auto send = [handle = window->windowHandle(), at, type] {
+        const auto down = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, at, handle->mapToGlobal(at), Qt::LeftButton, down, {});
+        QCoreApplication::sendEvent(handle, &event);
+    };
+    QMetaObject::invokeMethod(window->windowHandle(), send, Qt::QueuedConnection);
 }
 
 inline void PostClick(QWidget& control) {
