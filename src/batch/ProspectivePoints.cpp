@@ -89,9 +89,7 @@ protected:
     }
 
     WatchRegions Regions() override { return PointWatchRegions(watch_, start_); }
-    Layer LayerOf(ResultTable rows, const WatchRegions& regions) const override {
-        return {std::move(rows), nullptr, regions.PointOf, ""};
-    }
+    Layer LayerOf(ResultTable rows) const override { return PointLayer(std::move(rows)); }
 
     std::string PeriodMap(const std::string& path, std::ptrdiff_t t) override {
         return DrawPicture(path, size_, 1, [&](PlotSurface& surface) {

@@ -87,9 +87,7 @@ protected:
     }
 
     WatchRegions Regions() override { return PolygonWatchRegions(); }
-    Layer LayerOf(ResultTable rows, const WatchRegions&) const override {
-        return PolygonLayer(std::move(rows));
-    }
+    Layer LayerOf(ResultTable rows) const override { return PolygonLayer(std::move(rows)); }
 
     std::string PeriodMap(const std::string& path, std::ptrdiff_t t) override {
         return DrawPicture(path, PolygonMapSurface(), PolygonPictureScale,

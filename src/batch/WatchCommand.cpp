@@ -36,8 +36,7 @@ void WatchCommand::AddRows() {
     const LayerOptions& asked = options_.Layer;
     if (asked.AsksForNothing()) return;
     const WatchRegions regions = Regions();
-    if (!asked.Layer.empty())
-        AddLayer(outputs_, asked.Layer, LayerOf(WatchRows(regions), regions), program_.Quiet);
+    if (!asked.Layer.empty()) AddLayer(outputs_, asked.Layer, LayerOf(WatchRows(regions)), program_.Quiet);
     if (!asked.Table.empty()) outputs_.Add(asked.Table, CsvText(WatchRowsByPeriod(regions)));
 }
 

@@ -42,7 +42,7 @@ protected:
 
     /// The Regions with their results as rows, and such rows where the Regions lie.
     virtual WatchRegions Regions() = 0;
-    virtual Layer LayerOf(ResultTable rows, const WatchRegions& regions) const = 0;
+    virtual Layer LayerOf(ResultTable rows) const = 0;
 
     /// The picture of a period.
     virtual std::string PeriodMap(const std::string& path, std::ptrdiff_t t) = 0;

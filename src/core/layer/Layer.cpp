@@ -57,6 +57,18 @@ Layer PolygonLayer(ResultTable rows) {
     return {std::move(rows), &ws.ShpPolygons, {}, ProjectionOf(ws.ShapeFilePath)};
 }
 
+Layer PointLayer(ResultTable rows) {
+    const auto column = [&rows](const std::string& name) {
+        const auto at = std::find_if(rows.Columns.begin(), rows.Columns.end(),
+                                     [&name](const ResultColumn& one) { return one.Name == name; });
+        return std::get<ResultColumn::Numbers>(at->Values);
+    };
+    const auto pointOf = [x = column("X"), y = column("Y")](std::ptrdiff_t region) {
+        return PointXY{x(region), y(region)};
+    };
+    return {std::move(rows), nullptr, pointOf, ""};
+}
+
 bool IsLayerPath(const std::string& path) {
     return EndsIn(path, GeoJsonEnding) || EndsIn(path, ShapeEnding);
 }

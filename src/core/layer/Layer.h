@@ -25,6 +25,9 @@ struct Layer {
 /// Rows with the polygons of the store that they tell of.
 Layer PolygonLayer(ResultTable rows);
 
+/// Rows with the points that their columns X and Y tell.
+Layer PointLayer(ResultTable rows);
+
 /// A file in memory.
 struct FileBytes {
     std::string Path;

@@ -30,4 +30,7 @@ struct ResultTable {
     void AddWholes(const std::string& name, ResultColumn::Wholes values);
 };
 
+/// The same rows with values of their own: they stay when what they were taken from changes or goes.
+ResultTable Kept(const ResultTable& table);
+
 } // namespace vastrel

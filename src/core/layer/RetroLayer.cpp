@@ -86,13 +86,7 @@ std::ptrdiff_t RangeColumnCount(bool twoIDs, std::ptrdiff_t steps) {
 }
 
 Layer LayerOfStore(ResultTable rows, const RetroRules& rules) {
-    if (rules.IDsFromColumns) return PolygonLayer(std::move(rows));
-    Layer layer;
-    layer.Rows = std::move(rows);
-    layer.PointOf = [](std::ptrdiff_t region) {
-        return PointXY{ws.RegionCentroid(region).X, ws.RegionCentroid(region).Y};
-    };
-    return layer;
+    return rules.IDsFromColumns ? PolygonLayer(std::move(rows)) : PointLayer(std::move(rows));
 }
 
 } // namespace vastrel

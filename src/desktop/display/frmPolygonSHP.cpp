@@ -84,6 +84,7 @@ frmPolygonSHP::~frmPolygonSHP() = default;
 
 void frmPolygonSHP::FillWindowMenu(QMenu& menu) {
     OfferMapPicture(menu, {ui_->picSHP, {ui_->picLegend, ui_->imgM_Legend}, ui_->picForm});
+    RunLayer.AddTo(menu);
 }
 
 void frmPolygonSHP::BuildToolbar() {
@@ -117,6 +118,7 @@ void frmPolygonSHP::Form_Load() {
 }
 
 void frmPolygonSHP::Form_Unload() {
+    RunLayer.Drop();
     for (const char* entry : {"mnuAttTable", "mnuGetCentroid"})
         screens().EnableEntry(entry, false);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/display/PolygonMap.h"
+#include "desktop/toolkit/LayerEntry.h"
 #include "desktop/toolkit/Screen.h"
 
 #include <functional>
@@ -66,6 +67,9 @@ public:
 
     /// What the Graph tool fills frmGraph with, for SelectedRegion: set by the screen that holds the cusums.
     std::function<void()> ShowRegionChart;
+
+    /// The layer of the run that the map shows; it goes when the window is closed.
+    LayerEntry RunLayer;
 
     void FillWindowMenu(QMenu& menu) override;
 

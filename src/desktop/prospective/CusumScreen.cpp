@@ -6,6 +6,7 @@
 #include "core/prospective/CusumRows.h"
 #include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"
+#include "desktop/toolkit/LayerEntry.h"
 #include "desktop/toolkit/ListBox.h"
 #include "desktop/toolkit/OnEvent.h"
 #include "desktop/toolkit/OptionButton.h"
@@ -66,6 +67,7 @@ CusumTexts CusumScreen::Parameters() const {
 
 int CusumScreen::BeginLists() {
     const int run = BeginRun();
+    RunLayer().Drop();
     lstPeriod->Clear();
     lstRegion->Clear();
     return run;

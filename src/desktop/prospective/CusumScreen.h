@@ -14,6 +14,7 @@ class QPushButton;
 
 namespace vastrel {
 
+class LayerEntry;
 class LineChart;
 class ListBox;
 class OptionButton;
@@ -73,6 +74,9 @@ protected:
     /// The tables behind the save buttons: periods of the report, lines of the cusum file.
     virtual std::ptrdiff_t ResultPeriods() const = 0;
     virtual std::vector<std::string> CusumLines() = 0;
+
+    /// The entry of the window that has the map.
+    virtual LayerEntry& RunLayer() = 0;
 
     const CusumRules& Rules() const { return rules_; }
 

@@ -44,7 +44,8 @@ void frmTxtFileOpen::cmdOpen_Click() {
 void frmTxtFileOpen::cmdOK_Click() {
     // Nothing looks whether a file was opened, or whether it fits.
     The<frmUnivariate>().Continue(ui_->optPreviousCurrent->Value() ? ShownPeriods::SavedAndNew
-                                                                   : ShownPeriods::New);
+                                                                   : ShownPeriods::New,
+                                  ui_->txtOpenFilePath->text().toStdString());
 }
 
 } // namespace vastrel

@@ -1,6 +1,7 @@
 #include "desktop/prospective/frmUnivariate.h"
 
 #include "core/display/PlotSurface.h"
+#include "core/layer/WatchLayer.h"
 #include "core/platform/Platform.h"
 #include "core/prospective/CusumChart.h"
 #include "core/prospective/CusumFile.h"
@@ -69,6 +70,7 @@ void frmUnivariate::Form_Load() {
 }
 
 void frmUnivariate::Form_Unload() {
+    RunLayer().Drop();
     auto& map = The<frmPolygonSHP>();
     map.ShowCusumLegend(false);
     The<frmGraph>().Unload();
@@ -116,6 +118,7 @@ void frmUnivariate::DisableSaveCusum() {
 
 int frmUnivariate::BeginPlain() {
     The<frmGraph>().Unload();
+    inputs_ = {ws.ShapeFilePath};
     return BeginLists();
 }
 
@@ -129,9 +132,11 @@ void frmUnivariate::cmdCalc_Click() {
         The<frmTxtFileOpen>().Show(); // which makes the run; nothing waits for it here
 }
 
-void frmUnivariate::Continue(ShownPeriods shown) {
+void frmUnivariate::Continue(ShownPeriods shown, const std::string& savedFile) {
     Load();
-    RunFrom(BeginPlain(), StartOption::Previous, shown);
+    const int run = BeginPlain();
+    inputs_.push_back(savedFile);
+    RunFrom(run, StartOption::Previous, shown);
 }
 
 void frmUnivariate::RunFrom(int run, StartOption start, ShownPeriods shown) {
@@ -148,6 +153,13 @@ void frmUnivariate::RunFrom(int run, StartOption start, ShownPeriods shown) {
     FinishRun(start, periods);
     UseGraphTool(true);
     ws.bCusumMapping = true;
+    OfferLayer();
+}
+
+void frmUnivariate::OfferLayer() {
+    if (ResultPeriods() == 0) return;
+    RunLayer().Keep([rows = Kept(WatchRows(PolygonWatchRegions()))] { return PolygonLayer(rows); }, inputs_);
+    RunLayer().Offer();
 }
 
 bool frmUnivariate::ReadFields() {
@@ -166,7 +178,8 @@ bool frmUnivariate::ReadText(StartOption start) {
     const FileChoice choice =
         platform().ChooseFile({FileQuestion::Kind::Open, "Text File (*.txt)|*.txt", ""});
     if (choice.Title.empty() && start == StartOption::Zero) return false;
-    ReadTextZScores((std::filesystem::current_path() / choice.Title).string());
+    inputs_.push_back((std::filesystem::current_path() / choice.Title).string());
+    ReadTextZScores(inputs_.back());
     return true;
 }
 
@@ -247,6 +260,10 @@ std::ptrdiff_t frmUnivariate::ResultPeriods() const {
 
 std::vector<std::string> frmUnivariate::CusumLines() {
     return CusumFileLines(ws.CusumValue, AttributeTable().RecordCount(), ResultPeriods());
+}
+
+LayerEntry& frmUnivariate::RunLayer() {
+    return The<frmPolygonSHP>().RunLayer;
 }
 
 } // namespace vastrel

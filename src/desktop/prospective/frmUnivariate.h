@@ -23,8 +23,9 @@ public:
     frmUnivariate();
     ~frmUnivariate() override;
 
-    /// A run that goes on from PreviousCusum, with the k, h and speed that Run has taken before.
-    void Continue(ShownPeriods shown);
+    /// A run that goes on from PreviousCusum, which was read from a file, with the k, h and speed that Run
+    /// has taken before.
+    void Continue(ShownPeriods shown, const std::string& savedFile);
 
     void DisableSaveCusum();
 
@@ -47,6 +48,7 @@ protected:
     void RegionPicked(std::ptrdiff_t region) override;
     std::ptrdiff_t ResultPeriods() const override;
     std::vector<std::string> CusumLines() override;
+    LayerEntry& RunLayer() override;
 
 private:
     void ConnectControls();
@@ -62,10 +64,12 @@ private:
     bool ReadText(StartOption start);
     int BeginPlain();
     void RunFrom(int run, StartOption start, ShownPeriods shown);
+    void OfferLayer();
     void PlayPeriod(ShownPeriods shown, std::ptrdiff_t t);
 
     std::unique_ptr<Ui::frmUnivariate> ui_;
-    Table<double> fieldZScore_; // of the last run from columns; filtered ones after it
+    Table<double> fieldZScore_;       // of the last run from columns; filtered ones after it
+    std::vector<std::string> inputs_; // files of the last run
 };
 
 } // namespace vastrel

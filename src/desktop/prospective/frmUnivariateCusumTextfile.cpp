@@ -1,7 +1,9 @@
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
 
 #include "core/display/PointLegend.h"
+#include "core/layer/WatchLayer.h"
 #include "core/platform/Computation.h"
+#include "core/platform/Platform.h"
 #include "core/prospective/CusumChart.h"
 #include "core/prospective/CusumFile.h"
 #include "core/prospective/CusumInput.h"
@@ -48,6 +50,7 @@ frmUnivariateCusumTextfile::~frmUnivariateCusumTextfile() = default;
 
 void frmUnivariateCusumTextfile::FillWindowMenu(QMenu& menu) {
     OfferMapPicture(menu, {ui_->picPoint, {ui_->picPeriod, ui_->picLegend}});
+    runLayer_.AddTo(menu);
 }
 
 void frmUnivariateCusumTextfile::ConnectControls() {
@@ -114,6 +117,7 @@ void frmUnivariateCusumTextfile::StartOption_Click() {
 void frmUnivariateCusumTextfile::DisableSave() {
     ui_->cmdSaveResult->setEnabled(false);
     ui_->cmdSaveCusum->setEnabled(false);
+    runLayer_.Drop();
 }
 
 void frmUnivariateCusumTextfile::optFIR_Click() {
@@ -166,15 +170,19 @@ void frmUnivariateCusumTextfile::RunFromStart(int run) {
     BeginRows();
     TakeCusumSigma(ui_->txtSigma->text().toStdString());
     RunPointCusum(watch_, Start());
+    KeepLayer();
     ChartSet(watch_.NewPeriodCount, ws.HValue);
     ShowMaximumChart();
-    if (Play(run, 0)) FinishRun(Start(), watch_.PeriodCount(Start()));
+    if (!Play(run, 0)) return;
+    FinishRun(Start(), watch_.PeriodCount(Start()));
+    runLayer_.Offer();
 }
 
 void frmUnivariateCusumTextfile::RunFromSaved(int run) {
     BeginRows();
     TakeCusumSigma(ui_->txtSigma->text().toStdString());
     RunPointCusum(watch_, Start());
+    KeepLayer();
     const std::ptrdiff_t saved = watch_.OldPeriodCount;
     ChartSetPrev(saved + watch_.NewPeriodCount, ws.HValue,
                  ColumnMaxima(watch_.OldCusum, watch_.OldRowCount, saved), saved);
@@ -185,6 +193,16 @@ void frmUnivariateCusumTextfile::RunFromSaved(int run) {
     if (!Play(run, watch_.OldColumnCount)) return;
     FinishRun(Start(), watch_.PeriodCount(Start()));
     ShowPeriodCaption(played); // the caption keeps counting the new periods; it is meant so
+    runLayer_.Offer();
+}
+
+/// Keeps the rows of this run, as they are before another file may come inside a yield.
+void frmUnivariateCusumTextfile::KeepLayer() {
+    std::vector<std::string> inputs;
+    for (const auto* path : {ui_->txtIDXY, ui_->txtOldCusum, ui_->txtNewZScore})
+        inputs.push_back(path->text().toStdString());
+    const ResultTable rows = Kept(WatchRows(PointWatchRegions(watch_, Start())));
+    runLayer_.Keep([rows] { return PointLayer(rows); }, inputs);
 }
 
 /// Plays the new periods behind the saved ones; as many as there are now, another file may come inside a

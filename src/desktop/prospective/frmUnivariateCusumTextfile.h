@@ -4,6 +4,7 @@
 #include "core/prospective/PointCusum.h"
 #include "desktop/prospective/CusumScreen.h"
 #include "desktop/prospective/WatchTools.h"
+#include "desktop/toolkit/LayerEntry.h"
 
 #include <memory>
 
@@ -26,6 +27,7 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Unload() override { runLayer_.Drop(); }
 
     CusumOutputs Results() override { return watch_.Outputs(Start()); }
     std::ptrdiff_t RegionCount() const override { return watch_.N; }
@@ -38,6 +40,7 @@ protected:
     void RegionPicked(std::ptrdiff_t region) override;
     std::ptrdiff_t ResultPeriods() const override { return watch_.PeriodCount(Start()); }
     std::vector<std::string> CusumLines() override;
+    LayerEntry& RunLayer() override { return runLayer_; }
 
 private:
     void ConnectControls();
@@ -55,6 +58,7 @@ private:
     void RunFromSaved(int run);
     bool Play(int run, std::ptrdiff_t saved);
 
+    void KeepLayer();
     void DisableSave();
     void EnableNewZScore(bool enabled);
     void EnableOldCusum(bool enabled);
@@ -67,6 +71,7 @@ private:
     std::unique_ptr<Ui::frmUnivariateCusumTextfile> ui_;
 
     PointCusum watch_;
+    LayerEntry runLayer_;
     PointMap map_{ProspectivePointZoom};
     WatchTools tools_{map_,
                       {[this] { DrawCusumPoints(currentPeriod_); },

@@ -1,6 +1,7 @@
 #include "desktop/retrospective/RetroScreen.h"
 
 #include "core/display/PointMap.h"
+#include "core/layer/RetroLayer.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/ResultLists.h"
 #include "core/retrospective/RetroReport.h"
@@ -8,6 +9,7 @@
 #include "core/text/Numbers.h"
 #include "core/text/TextFile.h"
 #include "desktop/toolkit/ComboBox.h"
+#include "desktop/toolkit/LayerEntry.h"
 #include "desktop/toolkit/ListBox.h"
 #include "desktop/toolkit/OnEvent.h"
 #include "desktop/toolkit/OptionButton.h"
@@ -86,6 +88,10 @@ void RetroScreen::Form_Load() {
     if (rules_.FillsAlphaAtLoad) cboAlpha->ShowEntry(0);
 }
 
+void RetroScreen::Form_Unload() {
+    RunLayer().Drop();
+}
+
 RetroVariable RetroScreen::Variable() const {
     if (optAdjusted_Generic->Value()) return RetroVariable::AdjustedPoisson;
     if (optStandard->Value()) return RetroVariable::FreemanTukey;
@@ -118,8 +124,11 @@ void RetroScreen::cboAlpha_Click() {
 
 void RetroScreen::cmdRun_Click() {
     BeginRun();
+    RunLayer().Drop();
     ClearForRun();
-    if (IsSingleSigma() ? RunSingle() : RunRange()) cmdSave->setEnabled(true);
+    if (!(IsSingleSigma() ? RunSingle() : RunRange())) return;
+    cmdSave->setEnabled(true);
+    OfferLayer();
 }
 
 void RetroScreen::ShowMap(Array1<double>& classValues, const Array1<double>& drawValues) {
@@ -166,6 +175,13 @@ bool RetroScreen::RunRange() {
     FinishSweep();
     platform().SetBusyPointer(false);
     return true;
+}
+
+/// The rows are kept as they are now, with the classes of the legend in force.
+void RetroScreen::OfferLayer() {
+    const ResultTable rows = Kept(IsSingleSigma() ? SingleRows(Variable(), rules_) : RangeRows(rules_));
+    RunLayer().Keep([this, rows] { return LayerOfStore(rows, rules_); }, Inputs());
+    RunLayer().Offer();
 }
 
 void RetroScreen::lstGlobalPatternSummary_Click() {

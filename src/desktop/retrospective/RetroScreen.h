@@ -5,6 +5,8 @@
 #include "desktop/toolkit/Screen.h"
 
 #include <set>
+#include <string>
+#include <vector>
 
 class QLineEdit;
 class QPushButton;
@@ -12,6 +14,7 @@ class QPushButton;
 namespace vastrel {
 
 class ComboBox;
+class LayerEntry;
 class ListBox;
 class OptionButton;
 class PictureBox;
@@ -39,6 +42,7 @@ protected:
     void TakeControls();
 
     void Form_Load() override;
+    void Form_Unload() override;
 
     /// What comes before the parameters are read: the lists go, and the map of a run begins plain.
     virtual void ClearForRun() = 0;
@@ -49,6 +53,10 @@ protected:
     virtual void FinishSweep() = 0;
     virtual void CloseChart() = 0;
     virtual void LocalRow_Click(std::ptrdiff_t row) = 0;
+
+    /// The entry of the window that has the map, and the files of the dataset.
+    virtual LayerEntry& RunLayer() = 0;
+    virtual std::vector<std::string> Inputs() const = 0;
 
     const RetroRules& Rules() const { return rules_; }
 
@@ -81,6 +89,7 @@ private:
     SweepTexts RangeTexts() const;
     void ShowMap(Array1<double>& classValues, const Array1<double>& drawValues);
     void ForgetMapsOfRun();
+    void OfferLayer();
     bool RunSingle();
     bool RunRange();
 

@@ -39,6 +39,7 @@ void frmClusterDetection::TakeAlphaValues() {
     if (empty) ui_->cboAlpha->ShowEntry(0);
     ws.AlphaLevel = 0.05;
     ui_->cmdSave->setEnabled(false);
+    RunLayer().Drop();
 }
 
 void frmClusterDetection::Form_Load() {
@@ -48,6 +49,7 @@ void frmClusterDetection::Form_Load() {
 }
 
 void frmClusterDetection::Form_Unload() {
+    RetroScreen::Form_Unload();
     ws.bRetroMapping = false;
     The<frmSigmaChart>().Unload();
     if (!MapWindow().IsLoaded()) return;
@@ -103,6 +105,14 @@ void frmClusterDetection::CloseChart() {
 
 void frmClusterDetection::LocalRow_Click(std::ptrdiff_t row) {
     if (row >= 0) MapWindow().DrawHighlight(row - Rules().FirstRegionRow);
+}
+
+LayerEntry& frmClusterDetection::RunLayer() {
+    return MapWindow().RunLayer;
+}
+
+std::vector<std::string> frmClusterDetection::Inputs() const {
+    return {ws.ShapeFilePath};
 }
 
 } // namespace vastrel

@@ -39,6 +39,8 @@ protected:
     void FinishSweep() override;
     void CloseChart() override;
     void LocalRow_Click(std::ptrdiff_t row) override;
+    LayerEntry& RunLayer() override;
+    std::vector<std::string> Inputs() const override;
 
 private:
     void cmdExit_Click();

@@ -42,6 +42,7 @@ frmClusterDetectionTextfile::~frmClusterDetectionTextfile() = default;
 
 void frmClusterDetectionTextfile::FillWindowMenu(QMenu& menu) {
     OfferMapPicture(menu, {ui_->picPoint, {ui_->picLegend}});
+    runLayer_.AddTo(menu);
 }
 
 void frmClusterDetectionTextfile::ConnectMouse() {
@@ -61,8 +62,10 @@ void frmClusterDetectionTextfile::Form_Load() {
     CloseChart();
 }
 
-void frmClusterDetectionTextfile::TakeDataset() {
+void frmClusterDetectionTextfile::TakeDataset(const std::string& file) {
     Load();
+    file_ = file;
+    runLayer_.Drop();
     ForgetMaps();
     ui_->cmdRun->setEnabled(true);
     ui_->cmdSave->setEnabled(false);

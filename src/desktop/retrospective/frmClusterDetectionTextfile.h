@@ -3,6 +3,7 @@
 #include "core/display/PointMap.h"
 #include "desktop/display/PointTools.h"
 #include "desktop/retrospective/RetroScreen.h"
+#include "desktop/toolkit/LayerEntry.h"
 
 #include <memory>
 
@@ -20,8 +21,9 @@ public:
     frmClusterDetectionTextfile();
     ~frmClusterDetectionTextfile() override;
 
-    /// A point dataset has been loaded: it can be run, and what was run before can no longer be saved.
-    void TakeDataset();
+    /// A point dataset has been loaded from a file: it can be run, and what was run before can no longer be
+    /// saved.
+    void TakeDataset(const std::string& file);
 
     void FillWindowMenu(QMenu& menu) override;
 
@@ -36,6 +38,8 @@ protected:
     void FinishSweep() override;
     void CloseChart() override;
     void LocalRow_Click(std::ptrdiff_t row) override;
+    LayerEntry& RunLayer() override { return runLayer_; }
+    std::vector<std::string> Inputs() const override { return {file_}; }
 
 private:
     void ConnectMouse();
@@ -46,6 +50,8 @@ private:
 
     std::unique_ptr<Ui::frmClusterDetectionTextfile> ui_;
     PointMap map_{RetroPointZoom};
+    LayerEntry runLayer_;
+    std::string file_; // of the dataset
     PointTools tools_{map_, RetroPointMapZoom, [this] { RedrawMap(); }};
 };
 

@@ -35,7 +35,7 @@ void frmSelectDataFormat::cmdContinue_Click() {
     if (!LoadPointDataset(choice.Path, format)) return Warn(WrongPointFormat);
     screens().ShowDataset(choice.Path, static_cast<std::ptrdiff_t>(ws.NumTextRegion), "points");
     Unload();
-    The<frmClusterDetectionTextfile>().TakeDataset();
+    The<frmClusterDetectionTextfile>().TakeDataset(choice.Path);
 }
 
 } // namespace vastrel
