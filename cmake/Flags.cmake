@@ -10,7 +10,7 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
 endif()
 if(VASTREL_SANITIZE)
   target_compile_options(vastrel_flags INTERFACE -fsanitize=${VASTREL_SANITIZE} -fno-sanitize-recover=all
-                                                 -fno-omit-frame-pointer -g)
+                                                 -fno-omit-frame-pointer -g1)
   target_link_options(vastrel_flags INTERFACE -fsanitize=${VASTREL_SANITIZE})
 endif()
 if(VASTREL_FUZZ)
