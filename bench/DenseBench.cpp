@@ -1,6 +1,6 @@
-// The dense kernel against the plain loops and against OpenBLAS, single core against single core.
+// The dense product against the plain loops and against OpenBLAS, single core against single core.
 #include "Register.h"
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 #include "core/numeric/InstructionSet.h"
 #include "core/numeric/RowWorkers.h"
 #include "support/PlainLoops.h"

@@ -67,7 +67,7 @@ def check_the_check():
     sound = '#include "core/text/Numbers.h"\n#include <vector>\n'
     assert not list(breaches("core/numeric/A.cpp", sound))
     for name, line in [
-        ("core/text/A.h", '#include "core/numeric/Kernel.h"'),
+        ("core/text/A.h", '#include "core/numeric/GaussianKernel.h"'),
         ("core/retrospective/A.h", '#include "core/prospective/CusumFile.h"'),
         ("core/spatial/A.h", "#include <QString>"),
         ("pictures/A.h", '#include "desktop/toolkit/Screen.h"'),

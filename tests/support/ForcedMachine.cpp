@@ -1,6 +1,6 @@
 #include "support/ForcedMachine.h"
 
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 #include "core/numeric/InstructionSet.h"
 #include "core/numeric/RowWorkers.h"
 

@@ -6,7 +6,7 @@
 
 namespace vastrel {
 
-/// A machine that the dense kernel can be made to take this one for; the empty name and 0 workers are the
+/// A machine that the dense product can be made to take this one for; the empty name and 0 workers are the
 /// machine as it is.
 struct Machine {
     std::string InstructionSet;

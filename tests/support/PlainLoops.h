@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 
 namespace vastrel {
 
-// The definitions of the dense kernel as plain loops: what it has to equal in every bit.
+// The definitions of the dense product as plain loops: what it has to equal in every bit.
 
 /// result(i, j) = sum over k of b(k, j) * a(i, k), k ascending.
 void PlainProduct(MatrixView a, MatrixView b, double* result, std::ptrdiff_t resultStride);

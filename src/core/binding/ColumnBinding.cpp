@@ -1,7 +1,7 @@
 #include "core/binding/ColumnBinding.h"
 
 #include "core/binding/Deviations.h"
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/platform/Platform.h"
 #include "core/spatial/AttributeRows.h"
 #include "core/workspace/Workspace.h"

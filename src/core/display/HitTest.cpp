@@ -1,7 +1,7 @@
 #include "core/display/HitTest.h"
 
 #include "core/display/HitArithmetic.h"
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/spatial/CPolygon.h"
 
 namespace vastrel {

@@ -1,7 +1,7 @@
 #include "core/display/PointView.h"
 
 #include "core/display/PointFit.h"
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/text/Numbers.h"
 #include "core/workspace/Sorting.h"
 

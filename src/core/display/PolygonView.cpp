@@ -1,7 +1,7 @@
 #include "core/display/PolygonView.h"
 
 #include "core/display/PolygonFit.h"
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/text/Numbers.h"
 
 namespace vastrel {

@@ -1,8 +1,8 @@
 #include "core/display/SelectCircle.h"
 
 #include "core/display/PointFit.h"
-#include "core/numeric/ArithmeticScope.h"
 #include "core/numeric/CheckedDiv.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/text/Numbers.h"
 
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "core/export/ExportDataset.h"
 
-#include "core/numeric/ArithmeticScope.h"
-#include "core/numeric/Kernel.h"
+#include "core/numeric/GaussianKernel.h"
 #include "core/numeric/Memory.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/platform/RunTimeError.h"
 #include "core/spatial/AttributeRows.h"
 #include "core/text/Numbers.h"

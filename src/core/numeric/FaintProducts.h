@@ -1,4 +1,4 @@
-// Multiplication where products may lie below the smallest normal number, for the tiles of the dense kernel.
+// Multiplication where products may lie below the smallest normal number, for the tiles of the dense product.
 // There the processor's own takes a detour of a hundred cycles and more; this takes a dozen operations and
 // gives the same bits.
 #pragma once

@@ -1,6 +1,6 @@
 #include "core/numeric/NeighbourOrder.h"
 
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 #include "core/numeric/RowWorkers.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 
 using Order = std::vector<std::ptrdiff_t>;
 
-constexpr double StripWidth = 4; // in Regions: a tile of the dense kernel then covers about a square
+constexpr double StripWidth = 4; // in Regions: a tile of the dense product then covers about a square
 
 void SortBy(double RegionPoint::*coordinate, const Array1<RegionPoint>& at, Order::iterator first,
             Order::iterator last) {

@@ -1,5 +1,7 @@
 // Stands apart from ArithmeticScope.cpp and from all arithmetic, so that no compiler can move a division of
 // a procedure past the test of the flags.
+#include "core/numeric/RunProcedure.h"
+
 #include "core/numeric/ArithmeticScope.h"
 
 namespace vastrel {

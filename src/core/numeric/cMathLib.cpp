@@ -1,6 +1,6 @@
 #include "core/numeric/cMathLib.h"
 
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/text/Numbers.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 #include "core/workspace/Arrays.h"
 
 namespace vastrel {

@@ -1,8 +1,8 @@
 #include "core/prospective/CusumEngine.h"
 
-#include "core/numeric/ArithmeticScope.h"
-#include "core/numeric/DenseKernel.h"
-#include "core/numeric/Kernel.h"
+#include "core/numeric/DenseProduct.h"
+#include "core/numeric/GaussianKernel.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/prospective/CusumArithmetic.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "core/prospective/HValueCalculator.h"
 
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/platform/Platform.h"
 #include "core/prospective/HValueArithmetic.h"
 #include "core/text/Numbers.h"

@@ -1,7 +1,7 @@
 #include "core/retrospective/MArithmetic.h"
 
 #include "core/numeric/Elementary.h"
-#include "core/numeric/Kernel.h"
+#include "core/numeric/GaussianKernel.h"
 
 #include <cmath>
 

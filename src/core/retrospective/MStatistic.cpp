@@ -1,7 +1,7 @@
 #include "core/retrospective/MStatistic.h"
 
-#include "core/numeric/ArithmeticScope.h"
 #include "core/numeric/CountDeviations.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/numeric/WeightedSum.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/MArithmetic.h"

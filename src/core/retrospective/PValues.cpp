@@ -1,7 +1,7 @@
 #include "core/retrospective/PValues.h"
 
 #include "core/numeric/Approximations.h"
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 
 namespace vastrel {
 

@@ -1,7 +1,7 @@
 #include "core/retrospective/PointDataset.h"
 
-#include "core/numeric/ArithmeticScope.h"
 #include "core/numeric/Memory.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/retrospective/PointExpected.h"
 #include "core/spatial/StudyArea.h"
 #include "core/text/Numbers.h"

@@ -1,6 +1,6 @@
 #include "core/retrospective/ScoreStatistic.h"
 
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/numeric/cMathLib.h"
 #include "core/retrospective/ScoreArithmetic.h"
 #include "core/workspace/Workspace.h"

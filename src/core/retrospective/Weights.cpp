@@ -1,9 +1,9 @@
 #include "core/retrospective/Weights.h"
 
-#include "core/numeric/ArithmeticScope.h"
-#include "core/numeric/Kernel.h"
+#include "core/numeric/GaussianKernel.h"
 #include "core/numeric/Memory.h"
 #include "core/numeric/NeighbourOrder.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/spatial/StudyArea.h"
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"

@@ -1,6 +1,6 @@
 #include "core/spatial/CPoint.h"
 
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/platform/RunTimeError.h"
 #include "core/spatial/CPolyLine.h"
 #include "core/spatial/CPolygon.h"

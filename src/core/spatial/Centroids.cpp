@@ -1,8 +1,8 @@
 #include "core/spatial/Centroids.h"
 
-#include "core/numeric/ArithmeticScope.h"
 #include "core/numeric/CheckedDiv.h"
 #include "core/numeric/Memory.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/spatial/CPolygon.h"
 #include "core/spatial/RingArithmetic.h"
 #include "core/text/Numbers.h"

@@ -1,6 +1,6 @@
 #include "core/spatial/StudyArea.h"
 
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/spatial/PlotArea.h"
 
 #include <cmath>

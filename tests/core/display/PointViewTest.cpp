@@ -181,6 +181,31 @@ TEST(PointView, KeepsWhatItWasButItsSizeWhereAFitStopsAtAFault) {
     EXPECT_EQ(PointToPlot(view, 0, 0).X, 10); // a click finds what is drawn
 }
 
+TEST(PointView, IsRefusedAfterAFault) {
+    ws = Workspace{};
+    PointView view;
+    Array1<double> x(2), y(2);
+    x(1) = y(1) = -1;
+    x(2) = y(2) = 1;
+    ComputePointView(view, {100, 100, 100, 100}, x, y);
+    ASSERT_TRUE(view.IsValid());
+    const double before = view.ScaleX;
+
+    y(1) = -1e308;
+    y(2) = 1e308;
+    EXPECT_EQ(ErrorNumberOf([&] { ComputePointView(view, {100, 100, 100, 100}, x, y); }), Overflow);
+    EXPECT_FALSE(view.IsValid());
+    EXPECT_TRUE(std::isfinite(view.MarginY));
+    EXPECT_EQ(view.ScaleX, before);
+    EXPECT_EQ(ws.ScaleX, before);
+
+    y(1) = -1;
+    y(2) = 1;
+    EXPECT_EQ(ErrorNumberOf([&] { ComputePointView(view, {0, 0, 0, 0}, x, y); }), InvalidProcedureCall);
+    EXPECT_FALSE(view.IsValid());
+    EXPECT_TRUE(std::isfinite(view.ViewFactor));
+}
+
 TEST(PlotAllPoints, StandsForADrawing) {
     ws = Workspace{};
     EXPECT_EQ(Plotted(RetroPointSurface(), PointsOf(Xs, Ys), 1.2),

@@ -1,6 +1,6 @@
 #include "core/numeric/NeighbourOrder.h"
 
-#include "core/numeric/Kernel.h"
+#include "core/numeric/GaussianKernel.h"
 #include "support/PlainLoops.h"
 
 #include <gtest/gtest.h>

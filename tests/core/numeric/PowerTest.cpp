@@ -1,6 +1,6 @@
 #include "core/numeric/Power.h"
 
-#include "core/numeric/ArithmeticScope.h"
+#include "core/numeric/RunProcedure.h"
 #include "support/RaisedError.h"
 
 #include <gtest/gtest.h>

@@ -294,6 +294,15 @@ TEST(PointStudyArea, IsZeroWhereThePresentPointsWereNeverPlotted) {
     EXPECT_EQ(PointStudyArea(), 0);
 }
 
+TEST(PointStudyArea, StopsWhereThePointsWerePlottedWithoutAScale) {
+    ws = Workspace{};
+    ws.NumTextRegion = 3;
+    ws.PlottedPoints.ReDim(3);
+    ws.PlottedPoints(2) = {10, 0};
+    ws.PlottedPoints(3) = {0, 10};
+    EXPECT_EQ(ErrorNumberOf(PointStudyArea), DivisionByZero);
+}
+
 TEST(PointStudyArea, CanCancel) {
     // (-10 * 10 - 0) / 2 + (-10 * 10 + 20 * 10) / 2
     SetPlotted({{-20, 0}, {-10, 0}, {-10, 10}, {-20, 10}}, 1, 1);

@@ -1,6 +1,6 @@
-#include "core/numeric/Kernel.h"
+#include "core/numeric/GaussianKernel.h"
 
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 #include "core/numeric/Exponentials.h"
 #include "core/numeric/Power.h"
 #include "core/numeric/RowWorkers.h"

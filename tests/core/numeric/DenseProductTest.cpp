@@ -1,4 +1,4 @@
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 
 #include "support/ForcedMachine.h"
 #include "support/PlainLoops.h"
@@ -111,15 +111,15 @@ Outcome Computed(Index rows, Index columns, const std::function<void(double*, In
     return outcome;
 }
 
-/// The plain outcome against that of the kernel on every machine.
+/// The plain outcome against that of the product on every machine.
 void ExpectSameOutcome(const Outcome& plain, const std::function<void(double*, Index)>& fast,
                        const std::vector<Machine>& machines = Machines()) {
     for (const auto& machine : machines) {
         SCOPED_TRACE(testing::Message() << machine);
         const ForcedMachine forced(machine);
-        const Outcome kernel = Computed(plain.Result.Rows, plain.Result.Columns, fast);
-        EXPECT_TRUE(kernel.Result.SameBits(plain.Result));
-        EXPECT_EQ(kernel.Flags, plain.Flags);
+        const Outcome product = Computed(plain.Result.Rows, plain.Result.Columns, fast);
+        EXPECT_TRUE(product.Result.SameBits(plain.Result));
+        EXPECT_EQ(product.Flags, plain.Flags);
     }
 }
 
@@ -150,7 +150,7 @@ std::vector<Machine> OneWorker() {
 
 } // namespace
 
-TEST(DenseKernel, ProductEqualsThePlainLoopsInEveryBitAndFault) {
+TEST(DenseProduct, ProductEqualsThePlainLoopsInEveryBitAndFault) {
     for (Index size = 1; size <= 70; ++size)
         for (const Values kind : AllValues) {
             ExpectSameProduct(size, size, size, kind);
@@ -158,7 +158,7 @@ TEST(DenseKernel, ProductEqualsThePlainLoopsInEveryBitAndFault) {
         }
 }
 
-TEST(DenseKernel, GramEqualsThePlainLoopsInEveryBitAndFault) {
+TEST(DenseProduct, GramEqualsThePlainLoopsInEveryBitAndFault) {
     for (Index size = 1; size <= 70; ++size)
         for (const Values kind : AllValues) {
             ExpectSameGram(size, size, kind);
@@ -166,7 +166,7 @@ TEST(DenseKernel, GramEqualsThePlainLoopsInEveryBitAndFault) {
         }
 }
 
-TEST(DenseKernel, SumsGoOnFromBlockToBlock) {
+TEST(DenseProduct, SumsGoOnFromBlockToBlock) {
     // around one and two blocks of depth and of rows, and around the block of columns
     for (const Values kind : AllValues) {
         for (const Index depth : {383, 384, 385, 769})
@@ -180,13 +180,13 @@ TEST(DenseKernel, SumsGoOnFromBlockToBlock) {
     }
 }
 
-TEST(DenseKernel, ProductOfNothingIsZero) {
+TEST(DenseProduct, ProductOfNothingIsZero) {
     ExpectSameProduct(3, 0, 30, Values::Moderate);
     ExpectSameProduct(0, 3, 3, Values::Moderate);
     ExpectSameGram(0, 5, Values::Moderate);
 }
 
-TEST(DenseKernel, TwoByTwoByHand) {
+TEST(DenseProduct, TwoByTwoByHand) {
     // a = (1 2; 3 4), b = (5 6; 7 8): (1*5+2*7 1*6+2*8; 3*5+4*7 3*6+4*8)
     const double a[] = {1, 2, 3, 4}, b[] = {5, 6, 7, 8};
     double result[4];
@@ -197,7 +197,7 @@ TEST(DenseKernel, TwoByTwoByHand) {
     EXPECT_EQ((std::vector<double>(result, result + 4)), (std::vector<double>{10, 14, 14, 20}));
 }
 
-TEST(DenseKernel, DiagonalIsThatOfTheProduct) {
+TEST(DenseProduct, DiagonalIsThatOfTheProduct) {
     for (Index size : {1, 2, 7, 8, 9, 31, 70})
         for (const Values kind : AllValues) {
             const Matrix a(size, size + 3, Draw(kind, 4)), b(size + 3, size, Draw(kind, 5));
@@ -212,7 +212,7 @@ TEST(DenseKernel, DiagonalIsThatOfTheProduct) {
         }
 }
 
-TEST(DenseKernel, FaultsAreReportedToTheCaller) {
+TEST(DenseProduct, FaultsAreReportedToTheCaller) {
     // 16 rows for 3 workers; only the last one's product leaves the range.
     Matrix a(16, 2, [] { return 1.0; }), b(2, 2, [] { return 1e300; });
     a.Data()[15 * a.Stride] = 1e300;

@@ -1,4 +1,4 @@
-// The dense kernel: sums over k of products of elements of two matrices, as fast as the processor's vectors
+// The dense product: sums over k of products of elements of two matrices, as fast as the processor's vectors
 // go, without a change in any bit.
 //
 // The order of a sum fixes only what happens within one element. Which elements advance together is free, and
@@ -38,7 +38,7 @@
 // reach the diagonal or lie right of it are computed: a product has the same bits with its operands swapped,
 // so that the other half is a mirror image.
 
-#include "core/numeric/DenseKernel.h"
+#include "core/numeric/DenseProduct.h"
 
 #include "core/numeric/Panels.h"
 #include "core/numeric/RowWorkers.h"

@@ -1,4 +1,4 @@
-#include "core/numeric/Kernel.h"
+#include "core/numeric/GaussianKernel.h"
 
 #include <gtest/gtest.h>
 
