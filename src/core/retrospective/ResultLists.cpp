@@ -47,7 +47,7 @@ void AppendM(Rows& rows, const char* label) {
         rows.push_back(row);
 }
 
-Rows LocalRows(RetroVariable variable, const RowLayout& layout, const RetroRules& rules) {
+Rows LocalRows(RetroVariable variable, const RetroLayout& layout, const RetroRules& rules) {
     const std::string dashes = Dashes(82);
     Rows rows{dashes, HeadingText(layout), dashes};
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
@@ -103,7 +103,7 @@ ResultLists FillListsScoreAdjusted(const RetroRules& rules) {
 ResultLists FillListsM(const RetroRules& rules) {
     Rows global;
     AppendM(global, "Maximum M-statistic = ");
-    const RowLayout& layout = UsesTwoIDs(rules) ? rules.MTwoIDs : rules.MOneID;
+    const RetroLayout& layout = UsesTwoIDs(rules) ? rules.MTwoIDs : rules.MOneID;
     return {global, LocalRows(RetroVariable::FreemanTukey, layout, rules)};
 }
 

@@ -4,17 +4,14 @@ namespace vastrel {
 
 namespace {
 
-constexpr auto ID1 = &RowValues::ID1, ID2 = &RowValues::ID2;
-constexpr auto Local = &RowValues::Local, Z = &RowValues::Z, Obs = &RowValues::Obs, Exp = &RowValues::Exp;
-constexpr auto Sigma = &RowValues::Sigma, Stat = &RowValues::Stat, Chi = &RowValues::Chi, DF = &RowValues::DF,
-               P = &RowValues::P, M = &RowValues::M, MStar = &RowValues::MCritical;
+using namespace RetroColumns;
 
-const std::vector<RowField> AdjustedHeading{{"Sigma", 5}, {"U", 7},     {"Chi ", 8},
-                                            {"DF  ", 7},  {"M(M*)", 8}, {"P-Val", 8}};
-const std::vector<RowField> MHeading{{"Sigma", 6}, {"M  ", 8}, {"M* ", 5}};
+const RetroFields AdjustedHeading{{"Sigma", 5}, {"U", 7},     {"Chi ", 8},
+                                  {"DF  ", 7},  {"M(M*)", 8}, {"P-Val", 8}};
+const RetroFields MHeading{{"Sigma", 6}, {"M  ", 8}, {"M* ", 5}};
 
 SweepLayout SweepOfM(const char* sigmaPattern) {
-    const std::vector<RowField> row{{Sigma, 6, sigmaPattern}, {M, 6, "0.00"}, {MStar, 6, "0.00"}};
+    const RetroFields row{{Sigma, 6, sigmaPattern}, {M, 6, "0.00"}, {MStar, 6, "0.00"}};
     return {MHeading, row, row};
 }
 
@@ -106,7 +103,7 @@ const RetroRules& PolygonRules() {
 }
 
 const RetroRules& PointRules() {
-    static const RowLayout score{
+    static const RetroLayout score{
         .Heading = {{"ID", 13}, {"U(i) ", 11}, {"Z[U(i)]", 9}, {"Observed", 11}, {"Expected", 11}},
         .Row = {
             {ID1, 13}, {Local, 10, "###0.000"}, {Z, 10, "0.000"}, {Obs, 11, "0.000"}, {Exp, 11, "0.000"}}};

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "core/retrospective/RetroVariable.h"
-#include "core/text/RowLayout.h"
+#include "core/retrospective/RowValues.h"
 
 namespace vastrel {
 
 /// The rows of a sweep list: another row form where the p-value is below 0.001.
 struct SweepLayout {
-    std::vector<RowField> Heading;
-    std::vector<RowField> Row;
-    std::vector<RowField> SmallPRow;
+    RetroFields Heading;
+    RetroFields Row;
+    RetroFields SmallPRow;
 };
 
 /// Where the retrospective screens of polygons and of points differ, in their rows and in what they count.
@@ -26,10 +26,10 @@ struct RetroRules {
     const char* ChartLabelPattern; // of the bandwidths under the chart
     const char* PValueHeading;     // in the report of a range
 
-    RowLayout ScoreOneID[2]; // unadjusted, adjusted
-    RowLayout ScoreTwoIDs;
-    RowLayout MOneID;
-    RowLayout MTwoIDs;
+    RetroLayout ScoreOneID[2]; // unadjusted, adjusted
+    RetroLayout ScoreTwoIDs;
+    RetroLayout MOneID;
+    RetroLayout MTwoIDs;
 
     SweepLayout SweepUnadjusted;
     SweepLayout SweepAdjusted;

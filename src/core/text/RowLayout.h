@@ -1,44 +1,52 @@
 #pragma once
 
+#include "core/text/Numbers.h"
+
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace vastrel {
 
-/// The values that rows of lists and reports are built of.
-struct RowValues {
-    std::string ID1, ID2;
-    double Local = 0; // U(i) or M(i)
-    double Z = 0;     // Z[U(i)]
-    double Obs = 0, Exp = 0;
-    double Sigma = 0;
-    double Stat = 0; // global U, or the maximum M where no score is computed
-    double Chi = 0, DF = 0, P = 0;
-    double M = 0, MCritical = 0;
-};
-
-/// One piece of a row: a number in a pattern, a text, or a literal, right-aligned in `Width` characters.
+/// One piece of a row: a number of `Values` in a pattern, a text of it, or a literal, right-aligned in
+/// `Width` characters.
+template <typename Values>
 struct RowField {
-    RowField(double RowValues::*number, int width, const char* pattern)
+    RowField(double Values::*number, int width, const char* pattern)
         : Number(number), Width(width), Pattern(pattern) {}
-    RowField(std::string RowValues::*text, int width) : Text(text), Width(width) {}
+    RowField(std::string Values::*text, int width) : Text(text), Width(width) {}
     RowField(const char* literal, int width = 0) : Width(width), Pattern(literal) {}
 
-    double RowValues::*Number = nullptr;
-    std::string RowValues::*Text = nullptr;
+    double Values::*Number = nullptr;
+    std::string Values::*Text = nullptr;
     int Width = 0;
     const char* Pattern = "";
 };
 
 /// The columns of a table: its heading as texts with their widths, and its rows. The two are told apart since
 /// their widths differ.
+template <typename Values>
 struct RowLayout {
-    std::vector<RowField> Heading;
-    std::vector<RowField> Row;
+    std::vector<RowField<Values>> Heading;
+    std::vector<RowField<Values>> Row;
 };
 
-std::string RowText(const std::vector<RowField>& fields, const RowValues& values);
-std::string HeadingText(const RowLayout& layout);
+template <typename Values>
+std::string RowText(const std::vector<RowField<Values>>& fields, const std::type_identity_t<Values>& values) {
+    std::string row;
+    for (const auto& field : fields) {
+        if (field.Number != nullptr)
+            row += Pad(Num(values.*field.Number, field.Pattern), field.Width);
+        else
+            row += Pad(field.Text != nullptr ? values.*field.Text : field.Pattern, field.Width);
+    }
+    return row;
+}
+
+template <typename Values>
+std::string HeadingText(const RowLayout<Values>& layout) {
+    return RowText(layout.Heading, {});
+}
 
 /// A line of n minus signs.
 std::string Dashes(int n);

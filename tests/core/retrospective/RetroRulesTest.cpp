@@ -25,7 +25,7 @@ RowValues Values() {
     return values;
 }
 
-std::string RowOf(const std::vector<RowField>& fields) {
+std::string RowOf(const RetroFields& fields) {
     return RowText(fields, Values());
 }
 

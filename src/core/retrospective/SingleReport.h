@@ -11,7 +11,4 @@ namespace vastrel {
 /// moment: M* follows the AlphaLevel and CurrentSigma of now, and MCritical may show its message again.
 std::vector<std::string> SingleReport(RetroVariable variable, const RetroRules& rules);
 
-/// The lines of the report file for a range of bandwidths, from the tables of the last sweep.
-std::vector<std::string> RangeReport(RetroVariable variable, const RetroRules& rules);
-
 } // namespace vastrel
