@@ -1,0 +1,10 @@
+# Reading the headers of the toolkit, of the tests and of the standard library is most of a compiler's work here: a
+# target reads those that most of its files share once. Not beside a compiler cache, which would find every object
+# changed whenever one of them is.
+function(precompile target)
+  if(NOT CCACHE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+set(STANDARD_HEADERS <algorithm> <array> <cmath> <functional> <map> <memory> <optional> <string> <vector>)
