@@ -27,13 +27,16 @@ public:
 };
 
 class ConsolePlatform;
+class JoinedParts;
 class RunRecord;
 
-/// Options of the whole program, the console that it runs on, and what the run tells of itself.
+/// Options of the whole program, the console that it runs on, what the run tells of itself, and the steps
+/// that it need not compute.
 struct ProgramOptions {
     bool Quiet = false;
     ConsolePlatform* Console = nullptr;
     RunRecord* Record = nullptr;
+    JoinedParts* Parts = nullptr;
 };
 
 /// A subcommand adds itself to the program: its options, and what it does once they are parsed. `run` is set
@@ -50,6 +53,7 @@ void AddCentroids(CLI::App& program, const ProgramOptions& options, RunCommand& 
 void AddExport(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddPValue(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 void AddAgain(CLI::App& program, const ProgramOptions& options, RunCommand& run);
+void AddJoin(CLI::App& program, const ProgramOptions& options, RunCommand& run);
 
 /// The subcommand that makes an earlier run once more.
 constexpr const char* AgainCommand = "again";

@@ -1,6 +1,7 @@
 #include "batch/RetroOptions.h"
 
 #include "batch/Pictures.h"
+#include "batch/SweepPart.h"
 #include "core/layer/RetroLayer.h"
 #include "core/text/Numbers.h"
 
@@ -28,6 +29,23 @@ std::optional<std::ptrdiff_t> StepsOf(const SweepTexts& texts) {
 
 } // namespace
 
+void RetroOutputs::AddTo(CLI::App& command) {
+    command.add_option("--lists", Lists, "the rows of both lists")->group(OutputGroup);
+    command.add_option("--report", Report, "the report file")->group(OutputGroup);
+    command.add_option("--map", Map, "the map (.png or .svg)")->group(OutputGroup);
+    MapStepOption = command.add_option("--map-step", MapStep, "step of a range to map, counted from 1")
+                        ->group(OutputGroup);
+    ChartOption =
+        command.add_option("--chart", Chart, "the chart of a range (.png, .svg or .pdf)")->group(OutputGroup);
+    command.add_option("--json", Json, "every number")->group(OutputGroup);
+    Layer.AddTo(command);
+}
+
+bool RetroOutputs::AsksForNothing() const {
+    return Lists.empty() && Report.empty() && Map.empty() && Chart.empty() && Json.empty() &&
+           Layer.AsksForNothing();
+}
+
 void RetroOptions::AddTo(CLI::App& command) {
     command.add_option("--variable", Variable, "unadjusted, adjusted, freeman-tukey or rossi")
         ->check(CLI::IsMember(Variables))
@@ -42,23 +60,23 @@ void RetroOptions::AddTo(CLI::App& command) {
         ->check(CLI::IsMember({"0.05", "0.01"}))
         ->capture_default_str()
         ->group("Test");
-
-    command.add_option("--lists", Lists, "the rows of both lists")->group("Output");
-    command.add_option("--report", Report, "the report file")->group("Output");
-    command.add_option("--map", Map, "the map (.png or .svg)")->group("Output");
-    command.add_option("--map-step", MapStep, "step of a range to map, counted from 1")
-        ->excludes(SigmaOption)
-        ->group("Output");
-    command.add_option("--chart", Chart, "the chart of a range (.png, .svg or .pdf)")
-        ->excludes(SigmaOption)
-        ->group("Output");
-    command.add_option("--json", Json, "every number")->group("Output");
-    Layer.AddTo(command);
+    RetroOutputs::AddTo(command);
+    MapStepOption->excludes(SigmaOption);
+    ChartOption->excludes(SigmaOption);
+    AddPartTo(command);
 }
 
-bool RetroOptions::AsksForNothing() const {
-    return Lists.empty() && Report.empty() && Map.empty() && Chart.empty() && Json.empty() &&
-           Layer.AsksForNothing();
+/// A part has no other output: what a run writes comes of all its steps.
+void RetroOptions::AddPartTo(CLI::App& command) {
+    const auto outputs =
+        command.get_options([](const CLI::Option* option) { return option->get_group() == OutputGroup; });
+    CLI::Option* part =
+        command.add_option("--part", Part, "K/N: part K of N of a range, for join")->group(OutputGroup);
+    CLI::Option* state = command.add_option("--state", State, "the file of the part")->group(OutputGroup);
+    part->needs(state)->excludes(SigmaOption);
+    state->needs(part);
+    for (CLI::Option* output : outputs)
+        part->excludes(output);
 }
 
 RetroVariable RetroOptions::ChosenVariable() const {
@@ -66,6 +84,7 @@ RetroVariable RetroOptions::ChosenVariable() const {
 }
 
 void RetroOptions::Check(bool twoIDs) const {
+    if (IsPart()) ParseShare(Part);
     Layer.Check();
     if (const auto steps = StepsOf(Range); steps && IsRange())
         Layer.RequireRoomFor(RangeColumnCount(twoIDs, *steps));

@@ -1,13 +1,14 @@
 #include "batch/RetroRun.h"
 
+#include "batch/JoinedParts.h"
 #include "batch/Pictures.h"
+#include "batch/SweepPart.h"
 #include "core/display/LegendClasses.h"
 #include "core/display/PointMap.h"
 #include "core/layer/CsvTable.h"
 #include "core/layer/RetroLayer.h"
 #include "core/retrospective/RangeReport.h"
 #include "core/retrospective/SingleReport.h"
-#include "core/retrospective/Sweep.h"
 #include "core/text/Numbers.h"
 #include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"
@@ -38,6 +39,7 @@ double GuessedSeconds(RetroVariable variable, double n) {
 
 /// All texts have passed, and the work begins.
 void RetroRun::BeginSteps(std::ptrdiff_t count) {
+    program_.Parts->Require(ws.BandwidthCount, ws.NumRegion);
     if (LooksLikeDegrees()) NoteDegrees(program_);
     progress_.emplace(program_, count,
                       GuessedSeconds(variable_, static_cast<double>(ws.RegionCentroid.UpperBound())));
@@ -70,10 +72,14 @@ bool RetroRun::RunRange() {
         if (progress_)
             progress_->StepDone();
         else if (lists.Global.size() == SweepTitleRows)
-            BeginSteps(ws.BandwidthCount);
+            BeginSteps(Share().CountOf(ws.BandwidthCount));
     };
-    if (!RunSweep(variable_, options_.Range, rules_, addRow)) return false;
+    if (!RunSteps(addRow)) return false;
     progress_.reset();
+    if (options_.IsPart()) {
+        outputs_.Add(options_.State, BytesOfPart(Record().HeaderOfWhole(), Share()));
+        return true;
+    }
     if (options_.MapStep > ws.BandwidthCount)
         throw WrongUse("--map-step is beyond the last step, " + std::to_string(ws.BandwidthCount) + ".");
     auto json = Dataset();
@@ -86,6 +92,18 @@ bool RetroRun::RunRange() {
     BuildLegend(ws.DisplayClassValues, variable_);
     AddMap(ws.DisplayDrawValues);
     return true;
+}
+
+SweepShare RetroRun::Share() const {
+    return options_.IsPart() ? ParseShare(options_.Part) : SweepShare();
+}
+
+bool RetroRun::RunSteps(const std::function<void(const std::string&)>& addRow) {
+    const JoinedParts& parts = *program_.Parts;
+    if (parts.IsEmpty()) return RunSweepShare(variable_, options_.Range, rules_, Share(), addRow);
+    return JoinSweep(
+        variable_, options_.Range, rules_,
+        [&](std::ptrdiff_t k) -> const SweepStep& { return parts.Step(k); }, addRow);
 }
 
 void RetroRun::AddMap(const Array1<double>& values) {

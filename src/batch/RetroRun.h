@@ -6,6 +6,7 @@
 #include "batch/RetroResults.h"
 #include "batch/RunRecord.h"
 #include "core/retrospective/ResultLists.h"
+#include "core/retrospective/Sweep.h"
 
 #include <optional>
 
@@ -43,6 +44,8 @@ private:
     void BeginSteps(std::ptrdiff_t count);
     bool RunSingle();
     bool RunRange();
+    bool RunSteps(const std::function<void(const std::string&)>& addRow);
+    SweepShare Share() const;
     void AddMap(const Array1<double>& values);
     void AddChart();
     void AddTexts(const ResultLists& lists, const nlohmann::ordered_json& json);

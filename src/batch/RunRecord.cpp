@@ -66,8 +66,11 @@ void RunRecord::Expect(std::vector<InputFile> files, bool strict) {
 }
 
 bool RunRecord::IsNeeded() const {
-    const CLI::Option* json = command_->get_option_no_throw("--json");
-    return !expected_.empty() || (json != nullptr && json->count() > 0);
+    const auto isGiven = [&](const char* name) {
+        const CLI::Option* option = command_->get_option_no_throw(name);
+        return option != nullptr && option->count() > 0;
+    };
+    return !expected_.empty() || isGiven("--json") || isGiven("--state");
 }
 
 void RunRecord::Differs(const std::string& what) const {
@@ -106,6 +109,13 @@ nlohmann::ordered_json RunRecord::Header() const {
     auto& inputs = header["Inputs"] = nlohmann::ordered_json::array();
     for (const auto& file : files_)
         inputs.push_back({{"Path", file.Path}, {"Bytes", file.Bytes}, {"SHA256", file.SHA256}});
+    return header;
+}
+
+nlohmann::ordered_json RunRecord::HeaderOfWhole() const {
+    auto header = Header();
+    for (const char* ofPart : {"part", "state"})
+        header["Settings"].erase(ofPart);
     return header;
 }
 

@@ -27,6 +27,9 @@ public:
     /// Program, Settings and Inputs.
     nlohmann::ordered_json Header() const;
 
+    /// The same for a part of a run: the settings are those of the whole.
+    nlohmann::ordered_json HeaderOfWhole() const;
+
 private:
     bool IsNeeded() const;
     void TakeDown(InputFile file);

@@ -48,8 +48,7 @@ Json SettingsOf(const CLI::App& command) {
     return settings;
 }
 
-EarlierRun ReadEarlierRun(std::istream& stream) try {
-    const Json json = Json::parse(stream);
+EarlierRun RunOf(const Json& json) {
     EarlierRun earlier;
     earlier.Settings = json.at("Settings");
     earlier.Command = earlier.Settings.at("Command").get<std::string>();
@@ -57,11 +56,20 @@ EarlierRun ReadEarlierRun(std::istream& stream) try {
     for (const auto& [name, value] : earlier.Settings.items())
         TextsOf(value);
     for (const auto& file : json.at("Inputs"))
-        earlier.Inputs.push_back({file.at("Path").get<std::string>(), file.at("Bytes").get<std::uint64_t>(),
+        earlier.Inputs.push_back({file.at("Path").get<std::string>(),
+                                  file.at("Bytes").get_ref<const Json::number_unsigned_t&>(),
                                   file.at("SHA256").get<std::string>()});
     return earlier;
+}
+
+EarlierRun ReadEarlierRun(std::istream& stream) try {
+    return RunOf(Json::parse(stream));
 } catch (const Json::exception&) {
     throw InputRefused("The file holds no settings of an earlier run.");
+}
+
+std::vector<std::string> WordsOf(const std::string& option, const std::string& value) {
+    return value.empty() ? std::vector{option, value} : std::vector{option + "=" + value};
 }
 
 std::vector<CLI::ConfigItem> SettingsFile::from_config(std::istream& stream) const {

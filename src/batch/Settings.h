@@ -22,6 +22,12 @@ struct EarlierRun {
 /// InputRefused for what holds no settings.
 EarlierRun ReadEarlierRun(std::istream& stream);
 
+/// The same of an object that is parsed; an exception of the JSON library for what holds no settings.
+EarlierRun RunOf(const nlohmann::ordered_json& json);
+
+/// The words, on a line, of an option with a value: also of one that begins with a minus sign, or is empty.
+std::vector<std::string> WordsOf(const std::string& option, const std::string& value);
+
 /// Reads the settings of the chosen command from a file: from the library's own configuration file (TOML), at
 /// its head or in a section of the command's name, or from the JSON of an earlier run. An option of the
 /// command line goes before the file, and settings that do not go with it fall away.

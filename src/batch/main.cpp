@@ -1,6 +1,7 @@
 #include "batch/Command.h"
 #include "batch/ConsolePlatform.h"
 #include "batch/FileRoles.h"
+#include "batch/JoinedParts.h"
 #include "batch/RunRecord.h"
 #include "batch/Settings.h"
 #include "batch/StandardStreams.h"
@@ -28,7 +29,8 @@ constexpr AddCommand Commands[] = {AddRetrospectivePoints,
                                    AddCentroids,
                                    AddPValue,
                                    AddHValue,
-                                   AddAgain};
+                                   AddAgain,
+                                   AddJoin};
 
 /// The words of the command line in the order that the parser takes, last first. The words of p-value stand
 /// behind a "--", since they may begin with a minus sign. "--sigma=" is --sigma with an empty text, which the
@@ -126,6 +128,8 @@ int main(int argc, char** argv) {
     options.Console = &console;
     RunRecord record;
     options.Record = &record;
+    JoinedParts parts;
+    options.Parts = &parts;
     RunCommand run;
     program.set_version_flag("--version", "vastrel-batch " VASTREL_VERSION);
     program.add_flag("--quiet", options.Quiet, "no progress on standard error");

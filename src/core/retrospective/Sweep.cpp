@@ -8,6 +8,8 @@
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"
 
+#include <optional>
+
 namespace vastrel {
 
 namespace {
@@ -38,36 +40,49 @@ const Array1<double>& LocalValues(RetroVariable variable) {
     }
 }
 
-/// The values of one step, taken at the bandwidth of its computation.
-RowValues StepValues(RetroVariable variable) {
+/// The step at CurrentSigma.
+SweepStep ComputedStep(RetroVariable variable) {
+    RunSweepProcedures(variable);
+    SweepStep step;
+    if (MapsScore(variable)) {
+        step.Stat = variable == RetroVariable::Unadjusted ? ws.GlobalU : ws.GlobalUAdjusted;
+        step.Chi = ws.ScoreChi;
+        step.DF = ws.ScoreDF;
+    }
+    if (HasM(variable)) (MapsScore(variable) ? step.MaxM : step.Stat) = MaxLocalM();
+    step.Local = LocalValues(variable);
+    return step;
+}
+
+/// The values of a step's row, taken at the bandwidth of its computation.
+RowValues StepValues(RetroVariable variable, const SweepStep& step) {
     RowValues values;
     if (MapsScore(variable)) {
-        values.Stat = variable == RetroVariable::Unadjusted ? ws.GlobalU : ws.GlobalUAdjusted;
-        values.Chi = ws.ScoreChi;
-        values.DF = ws.ScoreDF;
-        values.P = ChiSquarePValue(ws.ScoreChi, ws.ScoreDF);
+        values.Stat = step.Stat;
+        values.Chi = step.Chi;
+        values.DF = step.DF;
+        values.P = ChiSquarePValue(step.Chi, step.DF);
     }
     if (HasM(variable)) {
-        values.M = MaxLocalM();
+        values.M = MapsScore(variable) ? step.MaxM : step.Stat;
         values.MCritical = MCritical();
     }
     return values;
 }
 
-void StoreStep(RetroVariable variable, std::ptrdiff_t k, const RowValues& values) {
+void StoreStep(RetroVariable variable, std::ptrdiff_t k, const SweepStep& step, const RowValues& values) {
     ws.BandwidthList(k) = values.Sigma;
-    ws.SweepStat(k) = MapsScore(variable) ? values.Stat : values.M;
+    ws.SweepStat(k) = step.Stat;
     ws.SweepMCritical(k) = values.MCritical;
     if (MapsScore(variable)) {
-        ws.SweepChi(k) = values.Chi;
-        ws.SweepChiCritical(k) = ChiCritical(ws.AlphaLevel, values.DF);
-        ws.SweepDF(k) = values.DF;
+        ws.SweepChi(k) = step.Chi;
+        ws.SweepChiCritical(k) = ChiCritical(ws.AlphaLevel, step.DF);
+        ws.SweepDF(k) = step.DF;
         ws.SweepPValue(k) = values.P;
-        ws.SweepMaxM(k) = values.M; // beside the score only: the adjusted variable
+        ws.SweepMaxM(k) = step.MaxM;
     }
-    const Array1<double>& local = LocalValues(variable);
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
-        ws.StatisticTable(i, k) = local(i);
+        ws.StatisticTable(i, k) = step.Local(i);
 }
 
 std::string StepRow(RetroVariable variable, const SweepLayout& layout, const RowValues& values) {
@@ -88,37 +103,83 @@ void BuildChart(RetroVariable variable, const SweepRange& range, const char* lab
     }
 }
 
-} // namespace
+/// Where the steps come from.
+struct StepSource {
+    bool Computes;                                                  // and needs the tables of the weights
+    std::function<std::optional<SweepStep>(std::ptrdiff_t k)> Step; // none where another share holds it
+};
 
-bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
-              const std::function<void(const std::string&)>& addRow) {
+void MakeRoom(RetroVariable variable, bool computes) {
+    ws.StatisticTable.Clear();
+    if (computes)
+        PrepareRun(variable);
+    else
+        TakePointDataset();
+    RequireMemoryForTables(computes ? TablesOfRun(MapsScore(variable)) : 0, BytesOfStatisticTable());
+    Allocate();
+}
+
+bool Sweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules, const StepSource& source,
+           const std::function<void(const std::string&)>& addRow) {
     SweepRange range;
     if (!TakeSweepRange(texts, range)) return false;
     ws.BandwidthCount = SweepStepCount(range);
     if (ws.CurrentSigma == 0) ws.CurrentSigma = SigmaForZero;
     if (rules.TakesNumTextRegion) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
-    ws.StatisticTable.Clear();
-    PrepareRun(variable);
-    RequireMemoryForTables(TablesOfRun(MapsScore(variable)), BytesOfStatisticTable());
-    Allocate();
+    MakeRoom(variable, source.Computes);
     platform().SetBusyPointer(true);
 
     const SweepLayout& layout = rules.SweepOf(variable);
     addRow(RowText(layout.Heading, {}));
     addRow(Dashes(DashCount));
     for (std::ptrdiff_t k = 0; k < ws.BandwidthCount; ++k) {
-        RunSweepProcedures(variable);
-        RowValues values = StepValues(variable);
+        const auto step = source.Step(k);
+        RowValues values = step ? StepValues(variable, *step) : RowValues();
         // The clamp comes after the computation: what overshoots is printed and stored as the end.
         if (ws.CurrentSigma > ws.SigmaTo) ws.CurrentSigma = ws.SigmaTo;
         values.Sigma = ws.CurrentSigma;
-        addRow(StepRow(variable, layout, values));
-        StoreStep(variable, k, values);
+        if (step) {
+            addRow(StepRow(variable, layout, values));
+            StoreStep(variable, k, *step, values);
+        }
         ws.CurrentSigma = ws.CurrentSigma + range.Step;
     }
     addRow(Dashes(DashCount));
     BuildChart(variable, range, rules.ChartLabelPattern);
     return true;
+}
+
+} // namespace
+
+bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
+              const std::function<void(const std::string&)>& addRow) {
+    return RunSweepShare(variable, texts, rules, {}, addRow);
+}
+
+bool RunSweepShare(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
+                   const SweepShare& share, const std::function<void(const std::string&)>& addRow) {
+    const auto step = [&](std::ptrdiff_t k) -> std::optional<SweepStep> {
+        return share.Holds(k) ? std::optional(ComputedStep(variable)) : std::nullopt;
+    };
+    return Sweep(variable, texts, rules, {true, step}, addRow);
+}
+
+bool JoinSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
+               const std::function<const SweepStep&(std::ptrdiff_t)>& step,
+               const std::function<void(const std::string&)>& addRow) {
+    const auto given = [&](std::ptrdiff_t k) { return std::optional(step(k)); };
+    if (!Sweep(variable, texts, rules, {false, given}, addRow)) return false;
+    for (auto* values : {&ws.DisplayClassValues, &ws.DisplayDrawValues})
+        values->ReDim(ws.NumRegion);
+    return true;
+}
+
+SweepStep StepOfSweep(std::ptrdiff_t k) {
+    SweepStep step{ws.SweepStat(k), ws.SweepChi(k), ws.SweepDF(k), ws.SweepMaxM(k), {}};
+    step.Local.ReDim(ws.NumRegion);
+    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
+        step.Local(i) = ws.StatisticTable(i, k);
+    return step;
 }
 
 std::ptrdiff_t SweepStepOfRow(std::ptrdiff_t row) {

@@ -2,6 +2,7 @@
 
 #include "core/retrospective/Bandwidth.h"
 #include "core/retrospective/RetroRules.h"
+#include "core/workspace/Arrays.h"
 
 #include <functional>
 #include <string>
@@ -20,6 +21,38 @@ namespace vastrel {
 /// so. Afterwards CurrentSigma is the last bandwidth stored plus the step.
 bool RunSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
               const std::function<void(const std::string&)>& addRow);
+
+/// What one bandwidth computes. All else that a sweep tells of it is worked out from this.
+struct SweepStep {
+    double Stat = 0;        // score statistic, or the largest M of an M variable
+    double Chi = 0, DF = 0; // score variables
+    double MaxM = 0;        // the adjusted variable: the largest M, beside the score
+    Array1<double> Local;   // of each Region, from 1
+    bool operator==(const SweepStep&) const = default;
+};
+
+/// The steps k of a sweep (from 0) with k mod Of = Number - 1: what one of several machines computes.
+struct SweepShare {
+    std::ptrdiff_t Number = 1, Of = 1;
+
+    bool Holds(std::ptrdiff_t k) const { return k % Of == Number - 1; }
+    std::ptrdiff_t CountOf(std::ptrdiff_t steps) const { return (steps - Number + Of) / Of; }
+    bool operator==(const SweepShare&) const = default;
+};
+
+/// The same for a share of the steps: the bandwidths of the others are passed over, so that the results are
+/// in every bit those of the whole sweep. Rows, tables and faults are those of the share.
+bool RunSweepShare(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
+                   const SweepShare& share, const std::function<void(const std::string&)>& addRow);
+
+/// The whole sweep out of steps that were computed before; `step` gives step k (from 0), with NumRegion local
+/// values. The tables of the weights are not made and need no memory.
+bool JoinSweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& rules,
+               const std::function<const SweepStep&(std::ptrdiff_t k)>& step,
+               const std::function<void(const std::string&)>& addRow);
+
+/// Step k of the last sweep (from 0), as it was computed.
+SweepStep StepOfSweep(std::ptrdiff_t k);
 
 /// Takes the local values of step k of the last sweep (from 0) into DisplayClassValues and DisplayDrawValues.
 void TakeSweepValues(std::ptrdiff_t k);

@@ -280,3 +280,83 @@ TEST(Sweep, OfPointsCountsTheRegionsByThePoints) {
         EXPECT_EQ(ws.StatisticTable.UpperBound1(), count);
     }
 }
+
+namespace {
+
+/// The steps that a share of the sweep over these texts computes.
+std::vector<SweepStep> StepsOf(RetroVariable variable, const SweepTexts& texts, const SweepShare& share) {
+    EXPECT_TRUE(RunSweepShare(variable, texts, PolygonRules(), share, [](const std::string&) {}));
+    std::vector<SweepStep> steps;
+    for (std::ptrdiff_t k = 0; k < ws.BandwidthCount; ++k)
+        if (share.Holds(k)) steps.push_back(StepOfSweep(k));
+    return steps;
+}
+
+} // namespace
+
+TEST(Sweep, InSharesHasTheStepsOfTheWhole) {
+    ScriptedPlatform platform;
+    const SweepTexts texts{"0.2", "1.1", "0.35"}; // 0.2, 0.55, 0.9, and 1.25, which is stored as 1.1
+    for (const auto variable : {RetroVariable::Unadjusted, RetroVariable::AdjustedPoisson,
+                                RetroVariable::FreemanTukey, RetroVariable::Rossi}) {
+        TakeThree();
+        const auto whole = StepsOf(variable, texts, {1, 1});
+        ASSERT_EQ(whole.size(), 4u);
+        EXPECT_NE(whole[1], whole[3]);
+        EXPECT_EQ(StepsOf(variable, texts, {1, 3}), (std::vector{whole[0], whole[3]}));
+        EXPECT_EQ(StepsOf(variable, texts, {2, 3}), std::vector{whole[1]});
+        EXPECT_EQ(StepsOf(variable, texts, {3, 3}), std::vector{whole[2]});
+        EXPECT_TRUE(StepsOf(variable, texts, {6, 6}).empty());
+    }
+}
+
+TEST(Sweep, CountsTheStepsOfAShare) {
+    const SweepShare shares[] = {{1, 3}, {2, 3}, {3, 3}, {9, 9}};
+    const std::ptrdiff_t counts[] = {3, 2, 2, 0}; // of the steps 0 to 6
+    for (size_t i = 0; i < 4; ++i) {
+        std::ptrdiff_t held = 0;
+        for (std::ptrdiff_t k = 0; k < 7; ++k)
+            held += shares[i].Holds(k) ? 1 : 0;
+        EXPECT_EQ(held, counts[i]) << i;
+        EXPECT_EQ(shares[i].CountOf(7), counts[i]) << i;
+    }
+}
+
+TEST(Sweep, OfAShareHasItsRowsAndItsFaultsAlone) {
+    ScriptedPlatform platform;
+    TakeThree();
+    Rows rows;
+    const auto addRow = [&](const std::string& row) { rows.push_back(row); };
+    const SweepTexts texts{"1", "2e200", "1e200"}; // the second and the third overflow
+    EXPECT_TRUE(RunSweepShare(RetroVariable::Rossi, texts, PolygonRules(), {1, 3}, addRow));
+    ASSERT_EQ(rows.size(), 4u);
+    EXPECT_EQ(rows[2].substr(0, 6), " 1.000");
+    EXPECT_EQ(ErrorNumberOf([&] {
+                  RunSweepShare(RetroVariable::Rossi, texts, PolygonRules(), {2, 3}, addRow);
+              }),
+              Overflow);
+}
+
+// The numbers are not of these Regions: nothing is computed but what follows from them.
+TEST(Sweep, IsJoinedOutOfStepsWithoutTheRoomToComputeThem) {
+    ScriptedPlatform platform;
+    TakeThree();
+    SweepStep first{12, 4, 8, 1.5, Array1<double>(3)}, second{10, 9, 3, 2.5, Array1<double>(3)};
+    first.Local(2) = 7;
+    second.Local(3) = -6;
+    ForceAvailableMemory([] { return 4 * 3 * 8; }); // the table of statistics
+    Rows rows;
+    ASSERT_TRUE(JoinSweep(
+        RetroVariable::AdjustedPoisson, {"1", "2", "1"}, PolygonRules(),
+        [&](std::ptrdiff_t k) -> const SweepStep& { return k == 0 ? first : second; },
+        [&](const std::string& row) { rows.push_back(row); }));
+    ForceAvailableMemory({});
+    EXPECT_EQ(StepOfSweep(0), first);
+    EXPECT_EQ(StepOfSweep(1), second);
+    EXPECT_EQ(rows.size(), 5u);
+    EXPECT_EQ(ws.SweepPValue(1), ChiSquarePValue(9, 3));
+    EXPECT_EQ(ws.SweepChiCritical(1), ChiCritical(0.05, 3));
+    EXPECT_EQ(ws.ChartData(1, 0), 9);
+    SelectSweepStep(1);
+    EXPECT_EQ(ws.DisplayDrawValues(3), -6);
+}
