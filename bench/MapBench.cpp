@@ -1,6 +1,7 @@
 // What an analyst waits for at the screen: a map that is painted again, files that are opened, long lists and
 // the attribute table.
 #include "Register.h"
+#include "core/display/MapSizes.h"
 #include "core/display/PolygonMap.h"
 #include "core/display/PolygonPainter.h"
 #include "core/platform/Platform.h"

@@ -1,6 +1,7 @@
 #include "batch/PolygonInput.h"
 
 #include "core/binding/CusumNames.h"
+#include "core/display/MapZoom.h"
 #include "core/platform/NativePath.h"
 #include "core/platform/Platform.h"
 #include "core/platform/RunTimeError.h"
@@ -33,7 +34,7 @@ bool OpenPolygonInput(const std::string& path) {
     const std::string whole = AbsolutePath(path);
     BinaryFile().Open(whole, BinaryFile::Access::Read); // a file dialog offers what exists
     if (!OpenShapeAttributes({whole, FileName(whole), false})) return false;
-    ws.MapZoom = 1;
+    ws.MapZoom = PolygonMapZoom.Start;
     ws.bShapefileData = true;
     ws.bTextfileData = false;
     ReadShapeHeader();

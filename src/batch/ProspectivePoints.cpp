@@ -1,5 +1,7 @@
 #include "batch/Pictures.h"
 #include "batch/WatchCommand.h"
+#include "core/display/MapSizes.h"
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "core/prospective/CusumChart.h"
 #include "core/prospective/CusumInput.h"
@@ -19,7 +21,7 @@ struct PointWatchOptions : WatchOptions {
     std::string IDs, ZScores, Previous;
     std::string Start;
     std::string Surface = SurfaceText(ProspectivePointSurface());
-    double Zoom = ProspectivePointZoom;
+    double Zoom = ProspectivePointMapZoom.Start;
     const CLI::Option* PreviousOption = nullptr;
     CLI::Option* StartOptionGiven = nullptr;
 

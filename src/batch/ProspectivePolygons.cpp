@@ -1,6 +1,7 @@
 #include "batch/Pictures.h"
 #include "batch/PolygonInput.h"
 #include "batch/WatchCommand.h"
+#include "core/display/MapSizes.h"
 #include "core/display/PolygonPainter.h"
 #include "core/prospective/CusumFile.h"
 #include "core/prospective/CusumInput.h"

@@ -1,6 +1,8 @@
 #include "batch/Pictures.h"
 #include "batch/RetroRun.h"
 #include "core/display/LegendClasses.h"
+#include "core/display/MapSizes.h"
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/PointDataset.h"
@@ -15,7 +17,7 @@ struct PointOptions : RetroOptions {
     std::string File;
     std::string Format;
     std::string Surface = SurfaceText(RetroPointSurface());
-    double Zoom = RetroPointZoom;
+    double Zoom = RetroPointMapZoom.Start;
 };
 
 /// What the point screen does, from Load Data on.

@@ -2,6 +2,7 @@
 #include "batch/PolygonInput.h"
 #include "batch/RetroRun.h"
 #include "core/display/LegendClasses.h"
+#include "core/display/MapSizes.h"
 #include "core/display/PolygonPainter.h"
 
 #include <memory>

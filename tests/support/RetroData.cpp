@@ -1,5 +1,6 @@
 #include "support/RetroData.h"
 
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "core/retrospective/PointDataset.h"
 #include "core/workspace/Workspace.h"
@@ -42,7 +43,7 @@ void TakeFivePoints() {
     ws.bTextfileData = true;
     ws.AlphaLevel = 0.05;
     ASSERT_TRUE(LoadPointDataset(GoldenFolder + "five.txt", PointFormat::ObsExp));
-    PointMap map(RetroPointZoom);
+    PointMap map(RetroPointMapZoom.Start);
     map.TakeCentroids(5);
     PlotAllPoints(map.View, {5595, 4275, 369, 281}, map.X, map.Y);
 }

@@ -11,8 +11,6 @@ namespace vastrel {
 
 namespace {
 
-constexpr std::array<Colour, 6> ClassColours = {0xFF0000, 0xFF8080, 0xFFC0C0, 0xC0C0FF, 0x8080FF, 0x0000FF};
-
 void TakeMLimits() {
     const double critical = MCritical();
     ws.LegendWork(1) = -critical;

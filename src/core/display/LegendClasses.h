@@ -3,6 +3,7 @@
 #include "core/display/PlotSurface.h"
 #include "core/retrospective/RetroVariable.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -11,13 +12,17 @@ namespace vastrel {
 /// The number of limits between the six classes of a statistic.
 constexpr int LegendLimitCount = 5;
 
+/// The colours of the classes 1 to 6, from strongly below to strongly above, on every map and legend.
+inline constexpr std::array<Colour, 6> ClassColours = {0xFF0000, 0xFF8080, 0xFFC0C0,
+                                                       0xC0C0FF, 0x8080FF, 0x0000FF};
+
 /// Sorts `values` (1..NumRegion) ascending in place and takes the class limits of the statistic from them:
 /// LegendLimits, LegendWork, LegendMin and LegendMax, then the colours. The score variables have terciles of
 /// the values below 0 and of the others; the M variables have 0, half of M* and M* on both sides, and
 /// MCritical may show its message.
 void BuildLegend(Array1<double>& values, RetroVariable variable);
 
-/// Fills LegendColors, classes 1 to 6 from strongly below to strongly above.
+/// Fills LegendColors with them.
 void SetLegendColors();
 
 /// The class (1 to 6) of a statistic on a polygon map, by LegendLimits; a value equal to a limit belongs to

@@ -32,20 +32,6 @@ struct SurfaceSize {
 /// The sizes of a surface of this outer size, which has a frame of two pixels on each side.
 SurfaceSize FramedSurface(float width, float height);
 
-/// The sizes with which the maps open.
-inline SurfaceSize PolygonMapSurface() {
-    return FramedSurface(5895, 4095);
-}
-inline SurfaceSize RetroPointSurface() {
-    return FramedSurface(5595, 4275);
-}
-inline SurfaceSize ProspectivePointSurface() {
-    return FramedSurface(6400, 4110);
-}
-
-/// A polygon map in a file made of pixels is enlarged so many times.
-constexpr int PolygonPictureScale = 4;
-
 enum class FillStyle { Solid, Transparent };
 
 /// What painters draw on. Coordinates are logical pixels, y downward. Pen, fill and line width stay as they

@@ -9,10 +9,10 @@
 namespace vastrel {
 
 std::optional<PointSymbol> StatisticSymbol(int statisticClass) {
-    static constexpr std::array<PointSymbol, 6> symbols = {
-        {{6, 0xFF0000}, {4, 0xFF8080}, {2, 0xFFC0C0}, {2, 0xC0C0FF}, {4, 0x8080FF}, {6, 0x0000FF}}};
+    static constexpr std::array<double, 6> radii = {6, 4, 2, 2, 4, 6};
     if (statisticClass == 0) return {};
-    return symbols.at(static_cast<size_t>(statisticClass - 1));
+    const auto i = static_cast<size_t>(statisticClass - 1);
+    return PointSymbol{radii.at(i), ClassColours.at(i)};
 }
 
 void PointMap::TakeCentroids(std::ptrdiff_t n) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/display/MapZoom.h"
 #include "core/display/PointSymbol.h"
 #include "core/display/PointView.h"
 #include "core/retrospective/RetroVariable.h"
@@ -64,9 +63,5 @@ const Array1<double>& MapDrawValues(RetroVariable variable);
 
 /// The local values that a single run's legend is built from, and sorts: MapClassScore or MapClassM.
 Array1<double>& MapClassValues(RetroVariable variable);
-
-/// The zooms with which the point maps start.
-constexpr double RetroPointZoom = RetroPointMapZoom.Start;
-constexpr double ProspectivePointZoom = ProspectivePointMapZoom.Start;
 
 } // namespace vastrel

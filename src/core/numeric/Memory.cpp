@@ -6,10 +6,11 @@
 namespace vastrel {
 
 void RequireMemory(double bytes, const std::string& source) {
-    if (bytes <= static_cast<double>(AvailableMemory())) return;
+    const auto available = static_cast<double>(AvailableMemory());
+    if (bytes <= available) return;
     RaiseCustomary(OutOfMemory, source,
                    "The run needs " + Num(bytes / 1024 / 1024, "0") + " MB, and the machine has " +
-                       Num(static_cast<double>(AvailableMemory()) / 1024 / 1024, "0") + " MB left.");
+                       Num(available / 1024 / 1024, "0") + " MB left.");
 }
 
 } // namespace vastrel

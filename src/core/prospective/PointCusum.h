@@ -9,28 +9,28 @@ namespace vastrel {
 /// The dataset of a prospective run on points, with its results. The screen owns it: nothing of it is in the
 /// store but the number of ids (NumTextRegion) and the plotted positions, from which the study area comes.
 struct PointCusum {
-    // ---- ID, X-Y file
+    // ID, X-Y file
     Array1<std::string> RegionIDs;
     Array1<double> RegionX, RegionY;
 
-    // ---- New z-scores
+    // New z-scores
     std::ptrdiff_t N = 0; // Regions: lines of the ids file, then of the z-score file
     Table<double> ZScore; // (Region, period)
     std::ptrdiff_t ZColumnCount = 0;
     std::ptrdiff_t NewPeriodCount = 0; // set when a load has ended without a fault
 
-    // ---- Saved cusum table
+    // Saved cusum table
     Table<double> OldCusum; // (row, period)
     std::ptrdiff_t OldRowCount = 0;
     std::ptrdiff_t OldColumnCount = 0;
     std::ptrdiff_t OldPeriodCount = 0; // set when a load has ended without a fault
 
-    // ---- Results of a run from Zero or FIR: the new periods
+    // Results of a run from Zero or FIR: the new periods
     Table<double> CusumNew;
     Array1<double> MaxNew;
     Array1<std::string> MaxRegionNew, LabelNew;
 
-    // ---- Results of a run from Previous: the saved periods, then the new ones
+    // Results of a run from Previous: the saved periods, then the new ones
     Table<double> CusumAll;
     Array1<double> MaxAll;
     Array1<std::string> MaxRegionAll, LabelAll;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 
 #include <functional>

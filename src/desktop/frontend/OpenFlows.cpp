@@ -1,5 +1,6 @@
 #include "desktop/frontend/OpenFlows.h"
 
+#include "core/display/MapZoom.h"
 #include "core/platform/Computation.h"
 #include "core/spatial/Centroids.h"
 #include "core/spatial/ShapeDataset.h"
@@ -19,7 +20,7 @@ namespace vastrel {
 namespace {
 
 bool ChooseShapefile() {
-    ws.MapZoom = 1.0;
+    ws.MapZoom = PolygonMapZoom.Start;
     const Computation reading; // from the answer to the file dialog on
     if (!OpenShapeAttributes()) return false;
     The<frmAttTable>().TakeTable();

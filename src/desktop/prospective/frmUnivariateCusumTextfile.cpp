@@ -1,5 +1,6 @@
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
 
+#include "core/display/MapSizes.h"
 #include "core/display/PointLegend.h"
 #include "core/layer/WatchLayer.h"
 #include "core/platform/Computation.h"
@@ -69,7 +70,7 @@ void frmUnivariateCusumTextfile::ConnectControls() {
 
 void frmUnivariateCusumTextfile::Form_Load() {
     watch_ = PointCusum{};
-    map_ = PointMap(ProspectivePointZoom);
+    map_ = PointMap(ProspectivePointMapZoom.Start);
     signaledRegions_.clear();
     selectedPointPeriod_ = selectedPointRegion_ = currentPeriod_ = 0;
     ui_->picPoint->Erase();

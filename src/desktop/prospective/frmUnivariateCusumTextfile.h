@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "core/prospective/PointCusum.h"
 #include "desktop/prospective/CusumScreen.h"
@@ -72,7 +73,7 @@ private:
 
     PointCusum watch_;
     LayerEntry runLayer_;
-    PointMap map_{ProspectivePointZoom};
+    PointMap map_{ProspectivePointMapZoom.Start};
     WatchTools tools_{map_,
                       {[this] { DrawCusumPoints(currentPeriod_); },
                        [this](std::ptrdiff_t region) { IdentifyRegion(region); }}};

@@ -1,6 +1,7 @@
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 
 #include "core/display/LegendClasses.h"
+#include "core/display/MapSizes.h"
 #include "core/display/PointLegend.h"
 #include "core/retrospective/Sweep.h"
 #include "desktop/retrospective/frmSelectDataFormat.h"
@@ -55,7 +56,7 @@ void frmClusterDetectionTextfile::ConnectMouse() {
 
 void frmClusterDetectionTextfile::Form_Load() {
     RetroScreen::Form_Load();
-    map_ = PointMap(RetroPointZoom);
+    map_ = PointMap(RetroPointMapZoom.Start);
     ui_->picPoint->Erase();
     ui_->picPoint->setToolTip("");
     ui_->picLegend->Erase();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "desktop/display/PointTools.h"
 #include "desktop/retrospective/RetroScreen.h"
@@ -49,7 +50,7 @@ private:
     std::vector<QWidget*> ChartParts() const;
 
     std::unique_ptr<Ui::frmClusterDetectionTextfile> ui_;
-    PointMap map_{RetroPointZoom};
+    PointMap map_{RetroPointMapZoom.Start};
     LayerEntry runLayer_;
     std::string file_; // of the dataset
     PointTools tools_{map_, RetroPointMapZoom, [this] { RedrawMap(); }};

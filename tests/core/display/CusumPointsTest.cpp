@@ -1,6 +1,7 @@
 // The drawings of the prospective point map.
 #include "core/display/PointMap.h"
 
+#include "core/display/MapZoom.h"
 #include "core/platform/RunTimeError.h"
 #include "core/workspace/Workspace.h"
 #include "support/RecorderSurface.h"
@@ -31,7 +32,7 @@ protected:
     }
 
     RecorderSurface surface_{SurfaceSize{1000, 1000, 110, 110}};
-    PointMap map_{ProspectivePointZoom};
+    PointMap map_{ProspectivePointMapZoom.Start};
 };
 
 constexpr const char* Start = "erase\nwidth 1\npen 0x000000\n";

@@ -1,5 +1,7 @@
 #include "core/display/PointMap.h"
 
+#include "core/display/MapSizes.h"
+#include "core/display/MapZoom.h"
 #include "support/Golden.h"
 #include "support/Points.h"
 #include "support/RaisedError.h"
@@ -83,7 +85,7 @@ TEST(PointMap, StaysEmptyWithoutAnArea) {
 
 TEST(PointMap, DrawsNothingBeforeDataAreLoaded) {
     ws = Workspace{};
-    PointMap map(RetroPointZoom);
+    PointMap map(RetroPointMapZoom.Start);
     RecorderSurface surface(RetroPointSurface());
     map.DrawPlainPoints(surface);
     EXPECT_EQ(surface.Operations(), "erase\nwidth 1\npen 0x000000\nrefresh\n");

@@ -2,6 +2,7 @@
 // of the surface's sizes rounded to a 32-bit float), those of square surfaces from the head.
 #include "core/display/PointView.h"
 
+#include "core/display/MapSizes.h"
 #include "support/Points.h"
 #include "support/RaisedError.h"
 
@@ -42,12 +43,6 @@ std::vector<PlotPoint> Plotted(const SurfaceSize& surface, const Points& points,
 }
 
 } // namespace
-
-TEST(PlotSurface, HasAFrameOfTwoPixelsOnEachSide) {
-    EXPECT_EQ(RetroPointSurface(), (SurfaceSize{5595, 4275, 369, 281}));
-    EXPECT_EQ(ProspectivePointSurface(), (SurfaceSize{6400, 4110, 423, 270}));     // 426.67 is 427 pixels
-    EXPECT_EQ(FramedSurface(157.5F, 172.5F), (SurfaceSize{157.5F, 172.5F, 6, 8})); // 10.5 is 10, 11.5 is 12
-}
 
 TEST(PointView, FitsADatasetThatIsHigherThanWide) {
     ws = Workspace{};

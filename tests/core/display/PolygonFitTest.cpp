@@ -1,5 +1,6 @@
 #include "core/display/PolygonFit.h"
 
+#include "core/display/MapSizes.h"
 #include "support/RaisedError.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
 #include "core/prospective/PointCusum.h"
 
+#include "core/display/MapSizes.h"
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "core/prospective/CusumFile.h"
 #include "core/prospective/CusumInput.h"
@@ -25,7 +27,7 @@ PointCusum Loaded(const std::string& ids, const std::string& z) {
     EXPECT_TRUE(LoadIDXY(watch, ids));
     EXPECT_TRUE(LoadNewZScore(watch, z));
     PointView view;
-    view.PointZoom = ProspectivePointZoom;
+    view.PointZoom = ProspectivePointMapZoom.Start;
     PlotAllPoints(view, ProspectivePointSurface(), watch.RegionX, watch.RegionY);
     return watch;
 }

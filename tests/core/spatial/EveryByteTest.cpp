@@ -2,6 +2,7 @@
 // formats know, or a result in which every number is finite, within bounded memory. Runs under the sanitizers
 // too.
 #include "core/binding/ColumnBinding.h"
+#include "core/display/MapSizes.h"
 #include "core/display/PolygonPainter.h"
 #include "core/export/ExportColumns.h"
 #include "core/export/ExportDataset.h"

@@ -1,5 +1,6 @@
 #include "core/spatial/StudyArea.h"
 
+#include "core/display/MapSizes.h"
 #include "core/display/PointView.h"
 #include "core/retrospective/Weights.h"
 #include "core/spatial/PlotArea.h"

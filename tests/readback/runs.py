@@ -4,7 +4,6 @@ same run, ids and vertices from the dataset by a reading of our own."""
 import json
 import shutil
 import subprocess
-from pathlib import Path
 
 import made_set
 from shapefile_dataset import Shapes, Table, read_shapes, text_lines
