@@ -1,6 +1,5 @@
 #include "support/BatchProgram.h"
-#include "support/ProjectFolder.h"
-#include "support/TemporaryFolder.h"
+#include "support/SampleRuns.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -13,15 +12,13 @@ namespace {
 
 namespace fs = std::filesystem;
 using Json = nlohmann::ordered_json;
-using Words = std::vector<std::string>;
 
 /// A folder with copies of the samples, which is the current folder of the test.
 class Again : public testing::Test {
 protected:
     Again() {
-        for (const auto* name : {"country.shp", "country.shx", "country.dbf", "country.cpg",
-                                 "country_exp.txt", "watch_xy.txt", "watch_z.txt", "watch_previous.txt"})
-            fs::copy_file(InProject(std::string("samples/") + name), folder_ / name);
+        CopySamples(folder_, {"country.shp", "country.shx", "country.dbf", "country.cpg", "country_exp.txt",
+                              "watch_xy.txt", "watch_z.txt", "watch_previous.txt"});
         fs::current_path(folder_.Path());
     }
 
@@ -39,28 +36,9 @@ protected:
 
     const Words Points{"retrospective-points", "country_exp.txt", "--format", "obs-exp",
                        "--variable",           "rossi",           "--sigma",  "1"};
-    const Words Polygons{"retrospective-polygons",
-                         "country.shp",
-                         "--pop",
-                         "POP",
-                         "--cases",
-                         "CASES",
-                         "--id",
-                         "NAME",
-                         "--id2",
-                         "ID",
-                         "--variable",
-                         "freeman-tukey"};
-    const Words WatchPoints{"prospective-points",
-                            "--ids",
-                            "watch_xy.txt",
-                            "--z",
-                            "watch_z.txt",
-                            "--previous",
-                            "watch_previous.txt",
-                            "--sigma",
-                            "1"};
-    const Words WatchPolygons{"prospective-polygons", "country.shp", "--z", "watch_z.txt", "--id", "NAME"};
+    const Words Polygons = SampleRuns().RetroPolygons() + Words{"--id2", "ID", "--variable", "freeman-tukey"};
+    const Words WatchPoints = SampleRuns().WatchPoints() + Words{"--sigma", "1"};
+    const Words WatchPolygons = SampleRuns().WatchPolygons();
 
     TemporaryFolder folder_;
 };

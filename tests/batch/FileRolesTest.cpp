@@ -1,6 +1,5 @@
 #include "support/BatchProgram.h"
-#include "support/ProjectFolder.h"
-#include "support/TemporaryFolder.h"
+#include "support/SampleRuns.h"
 
 #include <gtest/gtest.h>
 
@@ -11,20 +10,13 @@ using namespace vastrel;
 namespace {
 
 namespace fs = std::filesystem;
-using Words = std::vector<std::string>;
-
-Words operator+(Words words, const Words& more) {
-    words.insert(words.end(), more.begin(), more.end());
-    return words;
-}
 
 /// A folder with inputs of all kinds.
 class FileRolesTest : public testing::Test {
 protected:
     FileRolesTest() {
-        for (const auto* name : {"watch_xy.txt", "watch_z.txt", "watch_previous.csm", "watch_previous.txt",
-                                 "country.shp", "country.shx", "country.dbf", "country_pop.txt"})
-            fs::copy_file(InProject("samples/") + name, folder_ / name);
+        CopySamples(folder_, {"watch_xy.txt", "watch_z.txt", "watch_previous.csm", "watch_previous.txt",
+                              "country.shp", "country.shx", "country.dbf", "country_pop.txt"});
     }
 
     std::string In(const std::string& name) const { return folder_ / name; }
@@ -32,25 +24,10 @@ protected:
     Words RetroPoints() const {
         return {"retrospective-points", In("country_pop.txt"), "--format", "pop-case", "--sigma", "1"};
     }
-    Words RetroPolygons() const {
-        return {"retrospective-polygons",
-                In("country.shp"),
-                "--pop",
-                "POP",
-                "--cases",
-                "CASES",
-                "--id",
-                "NAME",
-                "--sigma",
-                "1"};
-    }
-    Words WatchPoints() const {
-        return {"prospective-points", "--ids",      In("watch_xy.txt"),      "--z",
-                In("watch_z.txt"),    "--previous", In("watch_previous.txt")};
-    }
+    Words RetroPolygons() const { return runs_.RetroPolygons() + Words{"--sigma", "1"}; }
+    Words WatchPoints() const { return runs_.WatchPoints(); }
     Words WatchPolygons() const {
-        return {"prospective-polygons", In("country.shp"),       "--z", In("watch_z.txt"), "--id", "NAME",
-                "--previous",           In("watch_previous.csm")};
+        return runs_.WatchPolygons() + Words{"--previous", In("watch_previous.csm")};
     }
     Words Export() const {
         return {"export", In("country.shp"), "--obs",    "OBS01",   "OBS24",   "--exp",
@@ -78,6 +55,7 @@ protected:
     }
 
     TemporaryFolder folder_;
+    SampleRuns runs_{folder_.Path() + "/"};
 };
 
 } // namespace

@@ -17,7 +17,8 @@ sys.dont_write_bytecode = True
 import odd_shapefiles
 import polygons
 from compare_retrospective import Difference
-from retrospective import VARIABLES, Refused, RunTimeStop
+from number_text import Refused, RunTimeStop
+from retrospective import VARIABLES
 from shapefile_dataset import Dataset, WrongUse
 
 OUTPUTS = {

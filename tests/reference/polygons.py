@@ -1,13 +1,15 @@
 """The tests on polygons and the export, worked out a second time and apart from the program.
 
 What does not depend on the kind of the data (kernel, statistics, p-values, number patterns) is taken
-from retrospective.py; compare_polygons.py holds the program against what stands here.
+from bandwidth.py, retrospective.py and number_text.py; compare_polygons.py holds the program against
+what stands here.
 """
 
 import math
 
-import retrospective
-from retrospective import Refused, RunTimeStop, is_numeric, num, number, pad
+from bandwidth import dot, kernel, m_critical
+from number_text import Refused, RunTimeStop, is_numeric, num, number, pad
+from retrospective import Run
 from shapefile_dataset import Dataset, as_number, divided, general, numeric_value, text_lines
 
 M_TEXTS = ["            < -M*", "-M* =<  -  < -0.5M*", "-0.5M* =<  -  < 0"]
@@ -75,7 +77,7 @@ def joined(texts, widths):
     return "".join(pad(text, width) for text, width in zip(texts, widths))
 
 
-class Retrospective(retrospective.Run):
+class Retrospective(Run):
     """A run on polygons, in the rows of the polygon screen."""
 
     def __init__(self, path, ask, warn):
@@ -92,7 +94,7 @@ class Retrospective(retrospective.Run):
     def take_m_critical_again(self):
         """Its message comes with each call."""
         if self.single and not self.score:
-            retrospective.m_critical(self.single.sigma, self.alpha, self.data.n, self.warn)
+            m_critical(self.single.sigma, self.alpha, self.data.n, self.warn)
 
     def sweep_rows(self):
         if self.variable == "unadjusted":
@@ -231,8 +233,8 @@ def filtered(data, sigma, z):
     class Places:
         n, x, y = places.n, [c[0] for c in places.centroids], [c[1] for c in places.centroids]
 
-    weights = retrospective.kernel(Places, places.total, sigma)
-    return [[retrospective.dot(row, period) for row in weights] for period in z]
+    weights = kernel(Places, places.total, sigma)
+    return [[dot(row, period) for row in weights] for period in z]
 
 
 class Prospective:

@@ -5,7 +5,7 @@ import os
 import re
 import struct
 
-from retrospective import Refused, RunTimeStop, is_numeric, num, number, pad
+from number_text import Refused, RunTimeStop, is_numeric, num, number, pad
 
 MAX_COUNTER = 32767
 UNUSED_IN_1252 = b"\x81\x8d\x8f\x90\x9d"

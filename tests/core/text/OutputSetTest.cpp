@@ -43,6 +43,22 @@ struct stat StatOf(const std::string& path) {
     return is;
 }
 
+/// An ordinary user writes over a file that everybody may write, in a folder of this mode, and then finds
+/// `further` to be true.
+void SaveOverAFileOfAll(const TemporaryFolder& folder, unsigned mode, const std::function<bool()>& further) {
+    const auto path = folder.Write("a", "the old text");
+    ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+    ExpectOfAnOrdinaryUser(
+        folder,
+        [&] {
+            Save(path, "new");
+            return further();
+        },
+        mode);
+    EXPECT_EQ(ReadFile(path), "new");
+    EXPECT_EQ(NamesIn(folder), Names{"a"});
+}
+
 /// A pipe whose reader lets something happen before it takes more than a pipe holds: that is after the
 /// staging and before the moves of a set that writes to it.
 class Between {
@@ -175,17 +191,10 @@ TEST(OutputSet, LeavesHiddenNamesOfOthersAlone) {
 
 TEST(OutputSet, WritesAFileInAFolderThatMayNotBeWritten) {
     const TemporaryFolder folder;
-    const auto path = folder.Write("a", "the old text");
-    ASSERT_EQ(chmod(path.c_str(), 0666), 0);
-    ExpectOfAnOrdinaryUser(
-        folder,
-        [&] {
-            Save(path, "new");
-            return ErrorNumberOf([&] { Save(folder / "b", "new"); }) == PermissionDenied;
-        },
-        0555);
-    EXPECT_EQ(ReadFile(path), "new");
-    EXPECT_EQ(NamesIn(folder), Names{"a"});
+    const auto mayNotAddFiles = [&] {
+        return ErrorNumberOf([&] { Save(folder / "b", "new"); }) == PermissionDenied;
+    };
+    SaveOverAFileOfAll(folder, 0555, mayNotAddFiles);
 }
 
 TEST(OutputSet, DoesNotReplaceAWriteProtectedFile) {
@@ -201,18 +210,8 @@ TEST(OutputSet, DoesNotReplaceAWriteProtectedFile) {
 TEST(OutputSet, LeavesAFileOfAnotherOwnerToThem) {
     if (geteuid() != 0) GTEST_SKIP() << "only the superuser makes files of another owner";
     const TemporaryFolder folder;
-    const auto path = folder.Write("a", "the old text");
-    ASSERT_EQ(chmod(path.c_str(), 0666), 0);
-    ExpectOfAnOrdinaryUser(
-        folder,
-        [&] {
-            Save(path, "new");
-            return true;
-        },
-        0777);
-    EXPECT_EQ(ReadFile(path), "new");
-    EXPECT_EQ(StatOf(path).st_uid, 0U);
-    EXPECT_EQ(NamesIn(folder), Names{"a"});
+    SaveOverAFileOfAll(folder, 0777, [] { return true; });
+    EXPECT_EQ(StatOf(folder / "a").st_uid, 0U);
 }
 
 // ---- What is no file
