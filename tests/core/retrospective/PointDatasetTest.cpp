@@ -76,8 +76,6 @@ bool HoldsOnlyFiniteNumbers() {
 
 } // namespace
 
-// ---- What is read
-
 TEST(PointDataset, ReadsPopulationAndCases) {
     ws = Workspace{};
     ASSERT_TRUE(LoadBytes(ThreeRegions, PointFormat::PopCase));
@@ -180,8 +178,6 @@ TEST(PointDataset, ReadsTheSampleDataset) {
     EXPECT_EQ(*std::min_element(ws.PopBase.data() + 1, ws.PopBase.data() + 208), 2782);
 }
 
-// ---- Ids and fields
-
 TEST(PointDataset, KeepsAnIdAsItStands) {
     ws = Workspace{};
     ASSERT_TRUE(LoadBytes("  New York ,0,0,1,1\n,1,0,1,1\n\"x\",0,1,1,1\nZ\xFCrich,0,0,1,1\n東京,2,2,1,1\n",
@@ -211,8 +207,6 @@ TEST(PointDataset, MisreadsACommaInTheIdOfALaterLine) {
     EXPECT_EQ(ErrorOf("A,0,0,1,1\nYork, New,5,6,7,8\n"), TypeMismatch); // " New" is no x
 }
 
-// ---- Lines
-
 TEST(PointDataset, TakesEveryKindOfLineEnd) {
     for (const char* bytes : {"A,1,2,3,4\nB,5,6,7,8\n", "A,1,2,3,4\r\nB,5,6,7,8\r\n",
                               "A,1,2,3,4\rB,5,6,7,8\r", "A,1,2,3,4\nB,5,6,7,8", "A,1,2,3,4\r\nB,5,6,7,8",
@@ -232,8 +226,6 @@ TEST(PointDataset, CountsAnEmptyLineAsARecordAndStopsThere) {
     EXPECT_EQ(DescriptionOfLoad("A,1,2,3,4\n\n"),
               "Subscript out of range\nline 2 of points.txt has 0 fields, field 1 is missing.");
 }
-
-// ---- What is refused
 
 TEST(PointDataset, RefusesAFirstLineWithoutFiveFields) {
     for (const char* bytes : {"A,1,2,3\nB,1,2,3,4\n", "A,1,2,3,4,5\n", "York, New,1,2,3,4\n", "A\n", "\n",
@@ -303,8 +295,6 @@ TEST(PointDataset, LeavesWhatItHadFilledWhereItStops) {
     EXPECT_FALSE(ws.PlottedPoints.IsAllocated());
 }
 
-// ---- Sums of zero
-
 TEST(PointDataset, StopsAtObservedCountsThatSumToZero) {
     EXPECT_EQ(ErrorOf("A,0,0,0,4\nB,1,1,0,5\n", PointFormat::ObsExp), DivisionByZero);
     EXPECT_EQ(From1(ws.ExpRatio), (Values{0, 0}));
@@ -341,26 +331,6 @@ TEST(PointDataset, TakesCasesOfZeroInAPopulation) {
     EXPECT_EQ(From1(ws.ExpRatio), (Values{0.25, 0.75}));
 }
 
-// ---- Large files
-
-TEST(PointDataset, LoadsMoreRegionsThanTheTestsTake) {
-    std::string bytes;
-    for (int i = 1; i <= 40000; ++i)
-        bytes += std::to_string(i) + "," + std::to_string(i % 200) + "," + std::to_string(i / 200) + ",1,1\n";
-    ws = Workspace{};
-    ASSERT_TRUE(LoadBytes(bytes, PointFormat::ObsExp));
-    EXPECT_EQ(ws.NumTextRegion, 40000);
-    EXPECT_EQ(ws.RegionCentroid(40000), (RegionPoint{"40000", 0, 200}));
-    ws.bTextfileData = true;
-    ws.CurrentSigma = 1;
-    const auto before = PeakMemory(); // a single matrix would be 12.8 GB
-    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), Overflow);
-    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
-    EXPECT_LT(PeakMemory() - before, HundredMegabytes);
-    EXPECT_FALSE(ws.WeightUnadjusted.IsAllocated());
-    EXPECT_FALSE(ws.WeightM.IsAllocated());
-}
-
 TEST(PointDataset, RefusesALineOfAHundredMegabytes) {
     LoadTwoRegions();
     const Loaded before;
@@ -376,18 +346,6 @@ TEST(PointDataset, RefusesALineOfAHundredMegabytes) {
                   WithinLimit(HundredMegabytes * 5 / 4)); // the file, and no copy of it
         EXPECT_EQ(Loaded(), before);
     }
-}
-
-TEST(PointDataset, TakesBoundedMemoryForALineOfCommas) {
-    const TemporaryFolder folder;
-    const std::string commas(TextFile::LongestLine, ',');
-    const std::string first = folder.Write("first.txt", commas);
-    const std::string later = folder.Write("later.txt", "A,1,2,3,4\n" + commas + "\n");
-    ws = Workspace{};
-    const auto memory = PeakMemory();
-    EXPECT_FALSE(LoadPointDataset(first, PointFormat::ObsExp));
-    EXPECT_EQ(ErrorNumberOf([&] { LoadPointDataset(later, PointFormat::ObsExp); }), TypeMismatch);
-    EXPECT_LT(PeakMemory() - memory, WithinLimit(HundredMegabytes));
 }
 
 TEST(PointDataset, SurvivesEveryTruncation) {

@@ -169,7 +169,7 @@ EndState PlayedOnUnsaved(int) {
 }
 
 const YieldEvent Events[] = {
-    // ---- Windows that are closed
+    // Windows that are closed
     {"TheMapIsClosed", [](auto& test) { test.MapWindow.Frame()->close(); }, &BandwidthYieldTest::WithoutMap},
     {"TheMapIsClosedAndShownAgain",
      [](auto& test) {
@@ -199,7 +199,7 @@ const YieldEvent Events[] = {
      },
      &BandwidthYieldTest::WithoutAny}, // as far as it comes: the process has ended
 
-    // ---- Another run
+    // Another run
     {"RunIsPressedAgain", [](auto& test) { test.Push("cmdRun"); },
      [](int wait) { // the map is plain until a row is selected
          EndState end = BandwidthYieldTest::Ended(1);
@@ -240,7 +240,7 @@ const YieldEvent Events[] = {
          return end;
      }},
 
-    // ---- Another dataset
+    // Another dataset
     {"AnOpeningIsCancelled",
      [](auto& test) {
          test.Script.ExpectFile(FileQuestion::Kind::Open, BandwidthYieldTest::ShapeFilter, "");
@@ -294,7 +294,7 @@ const YieldEvent Events[] = {
          return end;
      }},
 
-    // ---- What does not stop it
+    // What does not stop it
     {"ARowIsClicked", [](auto& test) { test.Global()->SetListIndex(3); }, &BandwidthYieldTest::PlayedOn},
     {"ATitleRowIsClicked", [](auto& test) { test.Global()->SetListIndex(0); }, &BandwidthYieldTest::PlayedOn},
     {"TheMapIsResized",
@@ -364,38 +364,3 @@ INSTANTIATE_TEST_SUITE_P(InsideAYield, BandwidthYieldTest,
                              return std::get<0>(test.param).Name + std::string("InWait") +
                                     std::to_string(std::get<1>(test.param));
                          });
-
-// The exit ends the process on the spot, with no unload step and nothing after it.
-TEST_F(RetroPolygonTest, EndsTheProcessInsideAnAnimation) {
-    OpenSample();
-    RunRange("optUnadjusted", "0.5", "1.5", "0.5");
-    Script.AtYield(2, [this] {
-        Script.ExpectEndOfProcess();
-        Command("mnuExit");
-        EXPECT_TRUE(Script.Transcript().ends_with("yield 50000\nend of process\n"));
-        EXPECT_TRUE(Retro.IsLoaded());
-        EXPECT_EQ(Global()->ListIndex(), 2);
-    });
-    Tool("MapAnimation")->trigger();
-}
-
-// A second animation can be told where to stand meanwhile by the slider that the first one has left.
-TEST_F(RetroPolygonTest, GoesOnWhereTheSliderIsMovedInsideAnAnimation) {
-    OpenSample();
-    RunRange("optUnadjusted", "0.5", "1.5", "0.5");
-    Tool("MapAnimation")->trigger();
-    for (const int wait : {1, 2, 3}) {
-        Slider()->setValue(0);
-        Script.AtYield(wait, [this] {
-            Slider()->setValue(1);
-            EXPECT_EQ(Picture(), ClassesOf(StepValues(1)));
-            EXPECT_EQ(Global()->ListIndex(), 3);
-        });
-        Tool("MapAnimation")->trigger();
-        EXPECT_EQ(Picture(), ClassesOf(StepValues(2)));
-        EXPECT_EQ(Global()->ListIndex(), 4);
-        EXPECT_EQ(Slider()->value(), 1);
-        EXPECT_TRUE(IsShown(MapWindow, "sliderStatsRange"));
-    }
-    EXPECT_EQ(Script.YieldCalls(), 3 + 3 * 3);
-}

@@ -158,6 +158,7 @@ protected:
 
 } // namespace
 
+// One way through the whole program, told in one piece and so longer than a screenful.
 TEST_F(Journey, GoesFromCountsOverZValuesToAContinuedWatchAndItsReport) {
     OpenTheSample();
 

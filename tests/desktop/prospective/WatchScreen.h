@@ -1,10 +1,31 @@
 #pragma once
 
+#include "core/workspace/Workspace.h"
 #include "desktop/prospective/frmUnivariateCusumTextfile.h"
+#include "desktop/toolkit/PlotWidget.h"
 #include "support/TemporaryFolder.h"
+#include "support/screens/ScreenChecks.h"
 #include "support/screens/ScreenTest.h"
 
 namespace vastrel {
+
+/// The controls of the chain of files, and those of them that each of its steps enables.
+namespace WatchChain {
+using Names = std::vector<std::string>;
+
+inline const std::vector<const char*> All{"cmdFileOpenIDXY", "cmdOldCusum",  "lblOldCusum",  "txtOldCusum",
+                                          "cmdNewZScore",    "lblNewZ",      "txtNewZScore", "cmdRun",
+                                          "cmdSaveCusum",    "cmdSaveResult"};
+inline const Names OldCusum{"cmdOldCusum", "lblOldCusum", "txtOldCusum"};
+// What stands beside the button of the saved table is not disabled at load, as the button itself is.
+inline const Names AtLoad{"cmdFileOpenIDXY", "lblOldCusum", "txtOldCusum"};
+inline const Names NewZ{"cmdNewZScore", "lblNewZ", "txtNewZScore"};
+
+inline Names operator+(Names left, const Names& right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+} // namespace WatchChain
 
 /// The screen of the watch on points, opened through the menu. The small dataset has three Regions and four
 /// periods; with sigma 0 nothing is smoothed, and with k = 0.5 the sums can be followed on paper:
@@ -51,6 +72,8 @@ protected:
     ListBox* Periods() { return The_<ListBox>(Screen, "lstPeriod"); }
     ListBox* Regions() { return The_<ListBox>(Screen, "lstRegion"); }
     std::string Caption() { return Text(Screen, "lblY"); }
+    QImage Map() { return The_<PlotWidget>(Screen, "picPoint")->Picture(); }
+    void ExpectChain(const WatchChain::Names& enabled) { ExpectEnabled(Screen, WatchChain::All, enabled); }
 
     TemporaryFolder Folder;
     frmUnivariateCusumTextfile& Screen = The<frmUnivariateCusumTextfile>();

@@ -2,6 +2,7 @@
 
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
 #include "desktop/retrospective/frmSelectDataFormat.h"
+#include "desktop/toolkit/PlotWidget.h"
 #include "support/TemporaryFolder.h"
 #include "support/screens/ScreenTest.h"
 
@@ -47,6 +48,18 @@ protected:
 
     ListBox* Global() { return The_<ListBox>(Screen, "lstGlobalPatternSummary"); }
     ListBox* Local() { return The_<ListBox>(Screen, "lstLocalPatternSummary"); }
+
+    QImage Map() { return The_<PlotWidget>(Screen, "picPoint")->Picture(); }
+
+    /// The two buttons of the state table: the run's and the save's.
+    using Enabled = std::pair<bool, bool>;
+    Enabled Buttons() { return {IsEnabled(Screen, "cmdRun"), IsEnabled(Screen, "cmdSave")}; }
+    int ChartPartsShown() {
+        int shown = 0;
+        for (const char* part : {"MSChart1", "picEachRegionInfo", "picMLegend", "txtXTitle"})
+            shown += IsShown(Screen, part) ? 1 : 0;
+        return shown;
+    }
 
     TemporaryFolder Folder;
     frmClusterDetectionTextfile& Screen = The<frmClusterDetectionTextfile>();

@@ -14,6 +14,7 @@
 
 using namespace vastrel;
 
+// A form with one of each kind of control, and so longer than a screenful.
 TEST(DesignStateTest, PutsEveryControlBackWithoutFiringAnything) {
     ScriptedPlatform script;
     QWidget form;
