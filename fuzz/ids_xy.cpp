@@ -1,15 +1,15 @@
 // The ids and coordinates of a prospective run on points.
 #include "FuzzTarget.h"
-
+#include "InputParts.h"
 #include "core/prospective/CusumInput.h"
 
 using namespace vastrel;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
-    const std::string path = WriteInput("ids.txt", AsText(data, size));
-    RunReader([&] {
+    const TextFile file("ids.txt", std::string(InputParts(data, size).Rest()));
+    RunOnInput([&] {
         PointCusum watch;
-        LoadIDXY(watch, path);
+        LoadIDXY(watch, file);
     });
     return 0;
 }

@@ -29,6 +29,12 @@ std::string CodePageText(const std::string& tablePath) {
     }
 }
 
+std::string WithoutTrailingBlanks(std::string text) {
+    while (!text.empty() && text.back() == ' ')
+        text.pop_back();
+    return text;
+}
+
 bool EqualWithoutCase(const std::string& a, const std::string& b) {
     const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -48,7 +54,7 @@ FieldValue Field::Value() const {
 Recordset::Recordset(const std::string& path)
     : table_(path), codePage_(CodePageText(table_.Path()), table_.LanguageByte()) {
     for (DbaseColumn column : table_.Columns()) {
-        column.Name = codePage_.Decode(column.Name.substr(0, column.Name.find_last_not_of(' ') + 1));
+        column.Name = codePage_.Decode(WithoutTrailingBlanks(column.Name));
         fields_.emplace_back(*this, column);
     }
 }

@@ -88,10 +88,15 @@ std::string FolderOf(const std::string& path) {
     return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
 }
 
+std::string NameOf(const std::string& path) {
+    const size_t slash = path.rfind('/');
+    return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
 std::unique_ptr<TemporaryName> MakeBeside(const std::string& path,
                                           const std::function<int(const char* name)>& make) {
     constexpr int mostNames = 10000;
-    const std::string name = path.substr(path.rfind('/') + 1);
+    const std::string name = NameOf(path);
     const std::string before = path.substr(0, path.size() - name.size()) + ".";
     size_t longest = LongestName(FolderOf(path));
     for (int i = 1; i <= mostNames; ++i) {

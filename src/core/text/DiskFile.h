@@ -43,6 +43,9 @@ void SyncFolder(const std::string& folder);
 /// The folder in which a path stands; "." for a bare name.
 std::string FolderOf(const std::string& path);
 
+/// What stands behind the last "/" of a path: all of a bare name, nothing of a path that ends there.
+std::string NameOf(const std::string& path);
+
 /// Makes something under a free hidden name beside a path: ".name~", or ".name~2" and so on where that is
 /// taken, cut to what the folder takes. `make` gets the name and gives 0, or -1 with the reason in errno.
 /// Null where it fails; errno tells why.

@@ -29,7 +29,7 @@ bool HoldsDescriptors(const std::string& folder) {
 
 /// The descriptor that a path names; -1 for none.
 int DescriptorOf(const std::string& path) {
-    const std::string name = path.substr(path.rfind('/') + 1);
+    const std::string name = NameOf(path);
     constexpr size_t mostDigits = 9;
     const bool number = !name.empty() && name.size() <= mostDigits &&
                         std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -114,7 +114,7 @@ std::optional<std::string> FileIdentity(const std::string& path) {
     while (target.Path.size() > 1 && target.Path.back() == '/')
         target.Path.pop_back();
     if (target.Path == "." || target.Path == "/") return {};
-    const std::string name = target.Path.substr(target.Path.rfind('/') + 1);
+    const std::string name = NameOf(target.Path);
     const auto folder = FileIdentity(FolderOf(target.Path));
     return folder ? std::optional(*folder + "/" + name) : std::nullopt;
 }
