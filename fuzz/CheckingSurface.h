@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/display/PlotSurface.h"
+#include "core/display/MapSizes.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -3,6 +3,7 @@
 #include "CheckingSurface.h"
 #include "FuzzTarget.h"
 #include "RetroFlow.h"
+#include "core/display/MapZoom.h"
 #include "core/display/PointLegend.h"
 #include "core/display/PointMap.h"
 #include "core/retrospective/PointDataset.h"
@@ -20,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
         RunOnInput([&] {
             ws.bTextfileData = true;
             if (!LoadPointDataset(file, format)) return;
-            PointMap map(RetroPointZoom);
+            PointMap map(RetroPointMapZoom.Start);
             map.TakeCentroids(static_cast<std::ptrdiff_t>(ws.NumTextRegion));
             map.DrawPlainPoints(surface);
             run(choice, PointRules(), [&](const Array1<double>& values) {

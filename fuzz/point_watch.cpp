@@ -4,6 +4,7 @@
 #include "CheckingSurface.h"
 #include "FuzzTarget.h"
 #include "WatchFlow.h"
+#include "core/display/MapZoom.h"
 #include "core/display/PointMap.h"
 #include "core/prospective/CusumInput.h"
 
@@ -22,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
         if (!LoadIDXY(watch, ids)) return;
         if (start == StartOption::Previous && !LoadOldCusum(watch, saved)) return;
         if (!LoadNewZScore(watch, zScores) || watch.PeriodCount(start) > MostWatched) return;
-        PointMap map(ProspectivePointZoom);
+        PointMap map(ProspectivePointMapZoom.Start);
         map.X = watch.RegionX;
         map.Y = watch.RegionY;
         CheckingSurface surface(ProspectivePointSurface());
