@@ -131,7 +131,7 @@ std::string CodePage::Decode(std::string_view bytes) const {
     if (isPlain) return std::string(bytes);
     if (name_.empty()) return ToUtf8(bytes);
     if (name_ == "CP1252") return Windows1252ToUtf8(bytes);
-    return Converter(name_).Convert(bytes);
+    return ToUtf8(Converter(name_).Convert(bytes)); // it may pass what is beyond the last character
 }
 
 } // namespace vastrel

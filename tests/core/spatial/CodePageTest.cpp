@@ -72,3 +72,11 @@ TEST(CodePage, HandsAnyOtherNameToTheConverterAsItStands) {
     EXPECT_EQ(CodePage("KOI8-R", 0).Decode("\xEB\xC9\xC5\xD7"), "\xD0\x9A\xD0\xB8\xD0\xB5\xD0\xB2");
     EXPECT_EQ(CodePage("macintosh", 0x57).Decode("K\x9Aln"), Koeln);
 }
+
+// Bytes that are UTF-8 by an older definition stand beyond its last character: the converter lets them pass.
+TEST(CodePage, GivesNothingButUtf8) {
+    const std::string beyond = "\xF4\x9E\x9F\xA0", as1252 = "\xC3\xB4\xC5\xBE\xC5\xB8\xC2\xA0";
+    EXPECT_EQ(CodePage("ISO-10646/UTF8/", 0).Decode(beyond), as1252);
+    EXPECT_EQ(CodePage(std::string("UTF-8\0x", 7), 0).Decode(beyond), as1252);
+    EXPECT_EQ(CodePage("ISO-10646/UTF8/", 0).Decode(Koeln), Koeln);
+}
