@@ -78,6 +78,17 @@ void CusumScreen::BeginRows() {
     lstPeriod->AddItems(PeriodTitleRows());
 }
 
+bool CusumScreen::RunOrDropResults(const std::function<bool()>& steps) {
+    try {
+        return steps();
+    } catch (...) { // the fault goes on to its report
+        cmdSaveResult->setEnabled(false);
+        cmdSaveCusum->setEnabled(false);
+        ForgetPeriodOnShow();
+        throw;
+    }
+}
+
 bool CusumScreen::Animate(int run, long delay, std::ptrdiff_t count,
                           const std::function<void(std::ptrdiff_t)>& frame) {
     for (std::ptrdiff_t t = 1; t <= count; ++t) {

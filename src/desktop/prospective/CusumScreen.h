@@ -41,6 +41,10 @@ protected:
     /// The pointer and the title rows, with which every run begins once its parameters are taken.
     void BeginRows();
 
+    /// What a run does from its title rows to its last frame. A fault on the way leaves nothing to save, and
+    /// no period that the map would draw again. Gives what the steps give.
+    bool RunOrDropResults(const std::function<bool()>& steps);
+
     /// Plays frame(1) to frame(count), each behind a delay. False where the screen was unloaded or its run
     /// replaced inside a yield: the command ends there, and what that event left stands.
     bool Animate(int run, long delay, std::ptrdiff_t count, const std::function<void(std::ptrdiff_t)>& frame);
@@ -61,6 +65,9 @@ protected:
     virtual void SelectPeriod(std::ptrdiff_t period) = 0;
     virtual void PeriodSelected() {}
     virtual void SelectNoPeriod() {}
+
+    /// The next drawing of the map is plain.
+    virtual void ForgetPeriodOnShow() = 0;
 
     /// The Regions that signal in a period, how many Regions the list goes through (the points of the moment,
     /// and the polygons that have a record), and their labels.

@@ -140,20 +140,23 @@ void frmUnivariate::Continue(ShownPeriods shown, const std::string& savedFile) {
 }
 
 void frmUnivariate::RunFrom(int run, StartOption start, ShownPeriods shown) {
+    if (!RunOrDropResults([&] { return Play(run, start, shown); })) return;
+    FinishRun(start, ResultPeriods());
+    UseGraphTool(true);
+    ws.bCusumMapping = true;
+    OfferLayer();
+}
+
+bool frmUnivariate::Play(int run, StartOption start, ShownPeriods shown) {
     BeginRows();
     ws.bCusumRun = true;
     const ZSource source = Source();
-    if (!(source == ZSource::Fields ? ReadFields() : ReadText(start))) return;
+    if (!(source == ZSource::Fields ? ReadFields() : ReadText(start))) return false;
     TakeCusumSigma(Parameters().Sigma);
     RunPolygonCusum(source == ZSource::Fields ? fieldZScore_ : ws.TextZScore, start, RunLabels(source));
     BeginPolygonChart(shown);
     ShowMaximumChart();
-    const auto periods = static_cast<std::ptrdiff_t>(ws.RunPeriodCount);
-    if (!Animate(run, ws.AnimationDelay, periods, [&](std::ptrdiff_t t) { PlayPeriod(shown, t); })) return;
-    FinishRun(start, periods);
-    UseGraphTool(true);
-    ws.bCusumMapping = true;
-    OfferLayer();
+    return Animate(run, ws.AnimationDelay, ResultPeriods(), [&](std::ptrdiff_t t) { PlayPeriod(shown, t); });
 }
 
 void frmUnivariate::OfferLayer() {
@@ -216,6 +219,11 @@ void frmUnivariate::PeriodSelected() {
 void frmUnivariate::SelectNoPeriod() {
     UseGraphTool(false);
     The<frmPolygonSHP>().DrawPlainMapNoPan();
+    ws.bCusumMapping = false;
+}
+
+void frmUnivariate::ForgetPeriodOnShow() {
+    UseGraphTool(false);
     ws.bCusumMapping = false;
 }
 

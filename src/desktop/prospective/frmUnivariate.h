@@ -42,6 +42,7 @@ protected:
     void SelectPeriod(std::ptrdiff_t period) override;
     void PeriodSelected() override;
     void SelectNoPeriod() override;
+    void ForgetPeriodOnShow() override;
     std::vector<std::ptrdiff_t>& Signaled() override;
     std::ptrdiff_t SignalCount() const override;
     Array1<std::string> SignalLabels() override;
@@ -64,6 +65,7 @@ private:
     bool ReadText(StartOption start);
     int BeginPlain();
     void RunFrom(int run, StartOption start, ShownPeriods shown);
+    bool Play(int run, StartOption start, ShownPeriods shown);
     void OfferLayer();
     void PlayPeriod(ShownPeriods shown, std::ptrdiff_t t);
 

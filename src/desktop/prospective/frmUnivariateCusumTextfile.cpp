@@ -161,25 +161,26 @@ void frmUnivariateCusumTextfile::cmdRun_Click() {
     TakePoints();
     map_.DrawPlainPoints(*ui_->picPoint); // the study area is taken from these positions
     if (!TakeCusumParameters(Parameters())) return;
-    if (Start() == StartOption::Previous)
-        RunFromSaved(run);
-    else if (Start() != StartOption::None)
-        RunFromStart(run);
+    if (Start() == StartOption::None) return;
+    const bool goesOn = Start() == StartOption::Previous;
+    const std::ptrdiff_t played = watch_.NewPeriodCount; // another file may come inside a yield
+    if (!RunOrDropResults([&] { return goesOn ? RunFromSaved(run) : RunFromStart(run); })) return;
+    FinishRun(Start(), watch_.PeriodCount(Start()));
+    if (goesOn) ShowPeriodCaption(played); // the caption keeps counting the new periods; it is meant so
+    runLayer_.Offer();
 }
 
-void frmUnivariateCusumTextfile::RunFromStart(int run) {
+bool frmUnivariateCusumTextfile::RunFromStart(int run) {
     BeginRows();
     TakeCusumSigma(ui_->txtSigma->text().toStdString());
     RunPointCusum(watch_, Start());
     KeepLayer();
     ChartSet(watch_.NewPeriodCount, ws.HValue);
     ShowMaximumChart();
-    if (!Play(run, 0)) return;
-    FinishRun(Start(), watch_.PeriodCount(Start()));
-    runLayer_.Offer();
+    return Play(run, 0);
 }
 
-void frmUnivariateCusumTextfile::RunFromSaved(int run) {
+bool frmUnivariateCusumTextfile::RunFromSaved(int run) {
     BeginRows();
     TakeCusumSigma(ui_->txtSigma->text().toStdString());
     RunPointCusum(watch_, Start());
@@ -190,11 +191,7 @@ void frmUnivariateCusumTextfile::RunFromSaved(int run) {
     ShowMaximumChart();
     for (std::ptrdiff_t p = 1; p <= watch_.OldColumnCount; ++p) // at once, before the first delay
         AddPeriodRowTextfile(p);
-    const std::ptrdiff_t played = watch_.NewPeriodCount;
-    if (!Play(run, watch_.OldColumnCount)) return;
-    FinishRun(Start(), watch_.PeriodCount(Start()));
-    ShowPeriodCaption(played); // the caption keeps counting the new periods; it is meant so
-    runLayer_.Offer();
+    return Play(run, watch_.OldColumnCount);
 }
 
 /// Keeps the rows of this run, as they are before another file may come inside a yield.
@@ -237,6 +234,15 @@ void frmUnivariateCusumTextfile::DrawCusumPoints(std::ptrdiff_t period) {
     map_.DrawCusumPoints(*ui_->picPoint, Results().Cusum, points, period, ws.HValue);
 }
 
+/// The drawing of the tools.
+void frmUnivariateCusumTextfile::Redraw() {
+    TakePoints();
+    if (currentPeriod_ == NoPeriod)
+        map_.DrawPlainPoints(*ui_->picPoint);
+    else
+        DrawCusumPoints(currentPeriod_);
+}
+
 void frmUnivariateCusumTextfile::PeriodSelected() {
     ui_->MSChart2->hide();
     ui_->picEachRegionInfo->hide();
@@ -268,6 +274,7 @@ std::vector<std::string> frmUnivariateCusumTextfile::CusumLines() {
 /// A Region that signals in the period on show is selected in the list, whose click marks it. The chart is
 /// shown of another one, and where the list has been emptied or belongs to a period picked before.
 void frmUnivariateCusumTextfile::IdentifyRegion(std::ptrdiff_t region) {
+    if (currentPeriod_ == NoPeriod) return;
     const auto place = std::find(signaledRegions_.begin(), signaledRegions_.end(), region);
     const auto row = static_cast<int>(place - signaledRegions_.begin());
     if (selectedPointPeriod_ == currentPeriod_ && row < ui_->lstRegion->ListCount())

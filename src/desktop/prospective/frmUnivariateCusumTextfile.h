@@ -34,6 +34,7 @@ protected:
     std::ptrdiff_t RegionCount() const override { return watch_.N; }
     std::ptrdiff_t ListedPeriods() const override { return SavedPeriods() + watch_.NewPeriodCount; }
     void SelectPeriod(std::ptrdiff_t period) override { selectedPointPeriod_ = period; }
+    void ForgetPeriodOnShow() override { currentPeriod_ = NoPeriod; }
     void PeriodSelected() override;
     std::vector<std::ptrdiff_t>& Signaled() override { return signaledRegions_; }
     std::ptrdiff_t SignalCount() const override { return watch_.N; }
@@ -55,8 +56,8 @@ private:
 
     std::ptrdiff_t SavedPeriods() const;
 
-    void RunFromStart(int run);
-    void RunFromSaved(int run);
+    bool RunFromStart(int run);
+    bool RunFromSaved(int run);
     bool Play(int run, std::ptrdiff_t saved);
 
     void KeepLayer();
@@ -66,8 +67,11 @@ private:
     void AddPeriodRowTextfile(std::ptrdiff_t t);
     void TakePoints();
     void DrawCusumPoints(std::ptrdiff_t period);
+    void Redraw();
     void ShowRegion(std::ptrdiff_t region, std::ptrdiff_t period);
     void IdentifyRegion(std::ptrdiff_t region);
+
+    static constexpr std::ptrdiff_t NoPeriod = -1; // behind a run that ended in a fault
 
     std::unique_ptr<Ui::frmUnivariateCusumTextfile> ui_;
 
@@ -75,8 +79,7 @@ private:
     LayerEntry runLayer_;
     PointMap map_{ProspectivePointMapZoom.Start};
     WatchTools tools_{map_,
-                      {[this] { DrawCusumPoints(currentPeriod_); },
-                       [this](std::ptrdiff_t region) { IdentifyRegion(region); }}};
+                      {[this] { Redraw(); }, [this](std::ptrdiff_t region) { IdentifyRegion(region); }}};
     std::vector<std::ptrdiff_t> signaledRegions_;
     std::ptrdiff_t selectedPointPeriod_ = 0;
     std::ptrdiff_t selectedPointRegion_ = 0; // from 0

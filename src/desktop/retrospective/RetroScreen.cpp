@@ -127,9 +127,24 @@ void RetroScreen::cmdRun_Click() {
     BeginRun();
     RunLayer().Drop();
     ClearForRun();
-    if (!(IsSingleSigma() ? RunSingle() : RunRange())) return;
+    try {
+        if (!(IsSingleSigma() ? RunSingle() : RunRange())) return;
+    } catch (...) { // the fault goes on to its report
+        DropResults();
+        throw;
+    }
     cmdSave->setEnabled(true);
     OfferLayer();
+}
+
+/// What a run leaves that ended in a fault: nothing to save, and a map without results.
+void RetroScreen::DropResults() {
+    cmdSave->setEnabled(false);
+    DisableMapTools();
+    ForgetMapsOfRun();
+    ws.DisplayClassValues.Clear();
+    ws.DisplayDrawValues.Clear();
+    ws.bRetroMapping = false;
 }
 
 void RetroScreen::ShowMap(Array1<double>& classValues, const Array1<double>& drawValues) {

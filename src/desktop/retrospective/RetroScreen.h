@@ -51,6 +51,7 @@ protected:
     virtual void ShowMLegend(bool shown) = 0;
     virtual void FinishSingleRun() = 0;
     virtual void FinishSweep() = 0;
+    virtual void DisableMapTools() {}
     virtual void CloseChart() = 0;
     virtual void LocalRow_Click(std::ptrdiff_t row) = 0;
 
@@ -83,6 +84,7 @@ private:
     void optSpatialSigmaRange_Click();
     void cboAlpha_Click();
     void cmdRun_Click();
+    void DropResults();
     void cmdSave_Click();
     void lstGlobalPatternSummary_Click();
 

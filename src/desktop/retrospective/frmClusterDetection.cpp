@@ -53,11 +53,15 @@ void frmClusterDetection::Form_Unload() {
     ws.bRetroMapping = false;
     The<frmSigmaChart>().Unload();
     if (!MapWindow().IsLoaded()) return;
+    DisableMapTools();
+    MapWindow().HideAnimationControls();
+    MapWindow().ClearMapIfOpen(true);
+}
+
+void frmClusterDetection::DisableMapTools() {
     MapWindow().EnableButton("Find", false);
     MapWindow().PressTool("Find", false);
     MapWindow().EnableButton("MapAnimation", false);
-    MapWindow().HideAnimationControls();
-    MapWindow().ClearMapIfOpen(true);
 }
 
 void frmClusterDetection::cmdExit_Click() {

@@ -37,6 +37,7 @@ protected:
     void ShowMLegend(bool shown) override;
     void FinishSingleRun() override;
     void FinishSweep() override;
+    void DisableMapTools() override;
     void CloseChart() override;
     void LocalRow_Click(std::ptrdiff_t row) override;
     LayerEntry& RunLayer() override;

@@ -1,5 +1,7 @@
 #include "desktop/prospective/PolygonWatchScreen.h"
 
+#include <QAction>
+
 #include <filesystem>
 
 using namespace vastrel;
@@ -36,10 +38,7 @@ TEST_F(PolygonFaultTest, ANullBetweenTheColumnsLeavesNothingOfTheRunBefore) {
     Run();
     ExpectStopped();
     ExpectEmptyTables(5);
-    EXPECT_TRUE(CanSaveResult() && CanSaveCusum()); // of the run before; they save zeros
-    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
-    Press(Screen, "cmdSaveCusum");
-    EXPECT_EQ(ReadFile(Folder / "c.csm").substr(0, 43), "period1,period2,period3,period4,period5,\n0,");
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
 
     RunFields(); // and the next run works
     EXPECT_EQ(ws.CusumValue(3, 3), 10);
@@ -78,6 +77,39 @@ TEST_F(PolygonFaultTest, AnAreaOfZero) {
     Run();
     ExpectStopped();
     ExpectEmptyTables(3);
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
+}
+
+TEST_F(PolygonFaultTest, TheMapOfTheRunBefore) {
+    RunFields();
+    const QAction* graph = Map.findChild<QAction*>("Graph");
+    EXPECT_TRUE(graph->isChecked() && CanSaveResult() && CanSaveCusum());
+    Type(Screen, "txtSigma", "1e200"); // so wide that its weights do not exist
+    Script.ExpectRunTimeError(11);
+    Run();
+    ExpectStopped();
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
+    EXPECT_FALSE(graph->isEnabled() || graph->isChecked());
+    Map.Frame()->resize(Map.Frame()->size() + QSize(20, 10));
+    const QImage shown = The_<PlotWidget>(Map, "picSHP")->Picture();
+    Map.DrawPlainMap();
+    EXPECT_EQ(shown, The_<PlotWidget>(Map, "picSHP")->Picture());
+    Type(Screen, "txtSigma", "0");
+    RunFields();
+    EXPECT_TRUE(graph->isChecked() && CanSaveResult() && CanSaveCusum());
+}
+
+TEST_F(PolygonFaultTest, AContinuedRunBehindOneFromZero) {
+    RunFields();
+    Press(Screen, "optPre");
+    Run();
+    OpenSaved();
+    Press(Dialog, "cmdOK");
+    EXPECT_TRUE(CanSaveResult());
+    Type(Screen, "txtSigma", "1e200");
+    Script.ExpectRunTimeError(11);
+    Press(Dialog, "cmdOK");
+    EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
 }
 
 TEST_F(PolygonFaultTest, AFirstColumnPickedBehindTheLast) {

@@ -357,3 +357,29 @@ TEST_F(WatchToolsTest, AsksThePointsOfANewIdsFile) {
     Hand.Click(5, 5);
     EXPECT_TRUE(SignalIsAt(Plot(2, 1.15)));
 }
+
+// Zeros that a fault leaves behind are no results.
+TEST_F(WatchToolsTest, DrawsPlainPointsAndAsksForNoneBehindARunThatFaulted) {
+    RunFromStart();
+    EXPECT_TRUE(IsEnabled(Screen, "cmdSaveResult") && IsEnabled(Screen, "cmdSaveCusum"));
+    Type(Screen, "txtSigma", "1e200"); // so wide that its weights do not exist
+    Script.ExpectRunTimeError(11);
+    Run();
+    EXPECT_TRUE(IsEnabled(Screen, "cmdRun"));
+    EXPECT_FALSE(IsEnabled(Screen, "cmdSaveResult") || IsEnabled(Screen, "cmdSaveCusum"));
+    const QImage plain = picPoint.Picture();
+    Tool("optFullExtent");
+    Click({50, 60});
+    EXPECT_EQ(picPoint.Picture(), plain);
+    Tool("optIdentify");
+    Click(Plot(1));
+    EXPECT_EQ(picPoint.Picture(), plain);
+    EXPECT_FALSE(IsShown(Screen, "MSChart2") || IsShown(Screen, "picEachRegionInfo"));
+
+    Type(Screen, "txtSigma", "0");
+    Run();
+    ExpectShown(1);
+    Tool("optFullExtent");
+    Click({50, 60});
+    ExpectShown(1);
+}
