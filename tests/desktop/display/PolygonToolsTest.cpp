@@ -44,6 +44,7 @@ protected:
         ReadShapeHeader();
         LoadShapes();
         ws.MapZoom = 1;
+        Test.Load(); // the maps of a statistic go by its options
         ws.bShapefileData = true;
         ws.ShapeFileTitleSaved = "country.shp";
         TakePrimaryIDs("ID");
@@ -109,6 +110,7 @@ protected:
     }
     std::string Status() { return Frame.findChild<QStatusBar*>("staMain")->currentMessage().toStdString(); }
 
+    frmClusterDetection& Test = The<frmClusterDetection>();
     frmPolygonSHP& Map = The<frmPolygonSHP>();
     frmInfo& Info = The<frmInfo>();
     PlotWidget& picSHP = *Map.findChild<PlotWidget*>("picSHP");
