@@ -258,6 +258,7 @@ TEST_F(frmUnivariateTest, ShowsTheClassesBesideTheMapFromTheFirstFrameOn) {
     for (int i = 0; i < 5; ++i) {
         auto* label = The_<QLabel>(Map, QString("lblLeg%1").arg(i).toUtf8());
         EXPECT_EQ(label->grab().toImage().pixelColor(1, 1), colours[i]) << i;
+        EXPECT_EQ(label->font().families(), QStringList({"Times New Roman", "Liberation Serif"})) << i;
     }
 }
 
