@@ -17,9 +17,8 @@ void LayerOptions::Check() const {
 }
 
 void LayerOptions::RequireRoomFor(std::ptrdiff_t columns) const {
-    if (!Layer.empty() && columns > MostLayerColumns(Layer))
-        throw WrongUse(Layer + " would have " + std::to_string(columns) + " columns, more than " +
-                       std::to_string(MostLayerColumns(Layer)) + ". Take a .geojson file or fewer steps.");
+    const std::string message = TooManyLayerColumns(Layer, columns);
+    if (!message.empty()) throw WrongUse(message);
 }
 
 void AddLayer(Outputs& outputs, const std::string& path, const Layer& layer, bool quiet) {

@@ -7,7 +7,6 @@
 #include "core/spatial/Projection.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace vastrel {
 
@@ -73,8 +72,10 @@ bool IsLayerPath(const std::string& path) {
     return EndsIn(path, GeoJsonEnding) || EndsIn(path, ShapeEnding);
 }
 
-std::ptrdiff_t MostLayerColumns(const std::string& path) {
-    return EndsIn(path, ShapeEnding) ? DbaseColumnLimit : std::numeric_limits<std::ptrdiff_t>::max();
+std::string TooManyLayerColumns(const std::string& path, std::ptrdiff_t columns) {
+    if (!EndsIn(path, ShapeEnding) || columns <= DbaseColumnLimit) return "";
+    return path + " would have " + std::to_string(columns) + " columns, more than " +
+           std::to_string(DbaseColumnLimit) + ". Take a .geojson file or fewer steps.";
 }
 
 std::vector<std::string> PathsOfLayer(const std::string& path) {

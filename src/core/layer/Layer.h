@@ -44,8 +44,8 @@ struct LayerFiles {
 /// Whether a path names a layer by its ending: ".geojson" or ".shp", in letters of any case.
 bool IsLayerPath(const std::string& path);
 
-/// The columns that the format of a path holds at most.
-std::ptrdiff_t MostLayerColumns(const std::string& path);
+/// What to tell where the format of a path does not hold so many columns; empty where it does.
+std::string TooManyLayerColumns(const std::string& path, std::ptrdiff_t columns);
 
 /// All files that a layer of this path may be written to: the path itself, and with ".shp" those of the same
 /// name with ".shx", ".dbf", ".cpg" and ".prj".

@@ -1,5 +1,6 @@
 #include "core/layer/SaveLayer.h"
 
+#include "core/platform/Computation.h"
 #include "core/platform/NativePath.h"
 #include "core/platform/Platform.h"
 #include "core/spatial/ShapefileFiles.h"
@@ -31,6 +32,17 @@ std::string OutputOverInput(const std::vector<std::string>& outputs, const std::
     return "";
 }
 
+/// Gives what a person should know about the files.
+std::vector<std::string> WriteLayer(const std::string& path, const Layer& layer) {
+    const Computation writing;
+    LayerFiles files = FilesOfLayer(path, layer);
+    OutputSet outputs;
+    for (FileBytes& file : files.Files)
+        outputs.Add(file.Path, std::move(file.Bytes));
+    outputs.Commit();
+    return files.Notes;
+}
+
 } // namespace
 
 std::vector<std::string> FilesOfInput(const std::string& path) {
@@ -48,12 +60,9 @@ void SaveLayerAs(const Layer& layer, const std::vector<std::string>& inputs) {
     if (!IsLayerPath(choice.Path)) return Warn("The name of a layer ends in .geojson or .shp.");
     const std::string over = OutputOverInput(PathsOfLayer(choice.Path), inputs);
     if (!over.empty()) return Warn(FileName(over) + " is part of the dataset.");
-    LayerFiles files = FilesOfLayer(choice.Path, layer);
-    OutputSet outputs;
-    for (FileBytes& file : files.Files)
-        outputs.Add(file.Path, std::move(file.Bytes));
-    outputs.Commit();
-    for (const std::string& note : files.Notes)
+    const std::string tooMany = TooManyLayerColumns(FileName(choice.Path), std::ssize(layer.Rows.Columns));
+    if (!tooMany.empty()) return Warn(tooMany);
+    for (const std::string& note : WriteLayer(choice.Path, layer))
         Tell(note);
 }
 

@@ -62,6 +62,23 @@ TEST_F(SaveLayer, AsksForAnEndingThatTellsTheFormat) {
     EXPECT_EQ(FileCount(), 0U);
 }
 
+// A range of many bandwidths has a column for each.
+TEST_F(SaveLayer, TellsWhereATableDoesNotHoldAllColumns) {
+    Layer layer = TwoPoints();
+    for (int step = 1; step <= 255; ++step)
+        layer.Rows.AddWholes("S" + std::to_string(step), [](std::ptrdiff_t row) { return row; });
+    Choose(Folder / "a.shp");
+    Script.ExpectMessage("a.shp would have 256 columns, more than 255. Take a .geojson file or fewer steps.");
+    SaveLayerAs(layer, {});
+    EXPECT_EQ(FileCount(), 0U);
+    EXPECT_EQ(Script.DroppedInputs(), 0);
+    layer.Rows.Columns.pop_back();
+    Choose(Folder / "a.shp");
+    SaveLayerAs(layer, {});
+    EXPECT_EQ(FileCount(), 4U);
+    EXPECT_EQ(Script.DroppedInputs(), 1); // while the files were written
+}
+
 TEST_F(SaveLayer, LeavesItsDatasetAlone) {
     for (const char* file : {"set.shp", "set.shx", "SET.DBF", "set.prj", "z.txt"})
         Folder.Write(file, "data");
