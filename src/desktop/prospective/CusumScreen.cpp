@@ -1,5 +1,6 @@
 #include "desktop/prospective/CusumScreen.h"
 
+#include "core/platform/Computation.h"
 #include "core/platform/Platform.h"
 #include "core/platform/RunTimeError.h"
 #include "core/prospective/CusumReport.h"
@@ -153,6 +154,7 @@ void CusumScreen::cmdSaveResult_Click() {
         Warn("You didn't specify data file.");
         platform().SetBusyPointer(false);
     } else if (Start() != StartOption::None) {
+        const Computation writing;
         WriteTextFile(choice.Path, CusumReport(Results(), RegionCount(), ResultPeriods()));
     }
     cmdSaveResult->setEnabled(false);
@@ -164,6 +166,7 @@ void CusumScreen::cmdSaveCusum_Click() {
     if (choice.Title.empty() || Start() == StartOption::None) return;
     // The file goes into the current folder, which the dialog has set. Errors pass unreported.
     const auto path = std::filesystem::current_path() / choice.Title;
+    const Computation writing;
     try {
         WriteTextFile(path.string(), CusumLines());
     } catch (const RunTimeError&) {

@@ -2,6 +2,7 @@
 
 #include "core/display/PointMap.h"
 #include "core/layer/RetroLayer.h"
+#include "core/platform/Computation.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/RangeReport.h"
 #include "core/retrospective/ResultLists.h"
@@ -220,6 +221,7 @@ void RetroScreen::cmdSave_Click() {
     const FileChoice choice =
         platform().ChooseFile({FileQuestion::Kind::Save, "Text File (*.txt)|*.txt", ""});
     if (choice.Path.empty()) return;
+    const Computation writing;
     WriteTextFile(choice.Path,
                   IsSingleSigma() ? SingleReport(Variable(), rules_) : RangeReport(Variable(), rules_));
 }

@@ -229,6 +229,17 @@ TEST_F(frmUnivariateTest, TellsOfAReportWithoutAName) {
     EXPECT_TRUE(CanSaveCusum());
 }
 
+TEST_F(frmUnivariateTest, TakesNoInputWhileItSaves) {
+    RunFields();
+    const int before = Script.DroppedInputs();
+    Script.ExpectFile(FileQuestion::Kind::Save, TextFilter, Folder / "r.txt");
+    Press(Screen, "cmdSaveResult");
+    EXPECT_EQ(Script.DroppedInputs(), before + 1);
+    Script.ExpectFile(FileQuestion::Kind::Save, CusumFilter, Folder / "c.csm");
+    Press(Screen, "cmdSaveCusum");
+    EXPECT_EQ(Script.DroppedInputs(), before + 2);
+}
+
 TEST_F(frmUnivariateTest, PassesOverAFaultWhileItWritesTheCusums) {
     RunFields();
     std::filesystem::create_directory(Folder / "c.csm");

@@ -160,6 +160,7 @@ TEST_F(PointScreen, SavesTheReportOfTheModeOfTheMoment) {
     Save(Folder / "single.txt");
     EXPECT_NE(ReadFile(Folder / "single.txt").find("A"), std::string::npos);
     EXPECT_EQ(Buttons(), Enabled(true, true)); // may be saved again
+    EXPECT_EQ(Script.DroppedInputs(), 2);      // while the dataset was read, and while the report was written
     RunRange("0.5", "1.5", "0.5");
     Save(Folder / "range.txt");
     EXPECT_NE(ReadFile(Folder / "range.txt"), ReadFile(Folder / "single.txt"));
