@@ -7,7 +7,7 @@ set(made ${CMAKE_BINARY_DIR}/packaging) # by the target "companions", as ./run d
 install(TARGETS vastrel-batch RUNTIME)
 install(DIRECTORY samples DESTINATION ${vastrelData} FILES_MATCHING PATTERN "*.txt" PATTERN "*.md" PATTERN "*.csm"
         PATTERN "country.*" PATTERN "__pycache__" EXCLUDE)
-install(DIRECTORY samples/watch DESTINATION ${vastrelData}/samples USE_SOURCE_PERMISSIONS)
+install(DIRECTORY samples/watch samples/cluster DESTINATION ${vastrelData}/samples USE_SOURCE_PERMISSIONS)
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${made}/man/vastrel-batch.1 DESTINATION ${man} OPTIONAL)

@@ -44,6 +44,8 @@ class Installed(unittest.TestCase):
                       f"icons/hicolor/scalable/apps/{ID}.svg", f"icons/hicolor/symbolic/apps/{ID}-symbolic.svg",
                       "doc/vastrel/UserManual.pdf", "vastrel/samples/country.shp"):
             self.assertTrue((share / place).is_file(), place)
+        for script in ("watch/watch-week", "cluster/range-slurm", "cluster/range-part"):
+            self.assertTrue(os.access(share / "vastrel/samples" / script, os.X_OK), script)
         for size in (16, 22, 24, 32, 48, 64, 128, 256):
             icon = (share / f"icons/hicolor/{size}x{size}/apps/{ID}.png").read_bytes()
             self.assertEqual(int.from_bytes(icon[16:20], "big"), size)  # the width in its header
