@@ -4,6 +4,7 @@
 #include "desktop/toolkit/ListBox.h"
 #include "desktop/toolkit/PlotWidget.h"
 #include "support/screens/Mouse.h"
+#include "support/screens/PostedInput.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -82,6 +83,7 @@ void Desk::Row(QWidget& screen, const char* list, const QString& text) {
 }
 
 void Desk::Drag(QWidget& screen, const char* map, QPoint from, QPoint to) {
+    ServeEvents(); // what comes right behind a computation would be dropped
     Mouse(Find<PlotWidget>(screen, map)).Drag(from.x(), from.y(), to.x() - from.x(), to.y() - from.y());
 }
 
