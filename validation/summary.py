@@ -108,13 +108,15 @@ def map_line(counts):
 
 
 def count_line(counts):
-    def length(transform, average):
-        row = counts.row("count-run-lengths.csv", map="one-region", transform=transform, expected=average)
+    def length(transform, average, map_name="one-region", option="overall"):
+        row = counts.row("count-run-lengths.csv", map=map_name, transform=transform, expected=average, sigma="0",
+                         option=option)
         return rounded(mean_of(row)[0]) if row else "(not yet)"
     return ("- **Small counts mislead the watch**: where 500 periods are wanted, one region with 5 expected has its first "
             f"false alarm after {length('poisson', '5')} with Poisson deviations (too eager), {length('rossi', '5')} with "
             f"Rossi, {length('standard', '5')} with Standard (too shy); with 100 expected after {length('poisson', '100')}, "
-            f"{length('rossi', '100')} and {length('standard', '100')}.")
+            f"{length('rossi', '100')} and {length('standard', '100')}. On a map, 207 regions with 5 expected "
+            f"(Poisson deviations, Bonferroni, sigma 0) have theirs after {length('poisson', '5', 'country', 'bonferroni')}.")
 
 
 def lines(counts):
