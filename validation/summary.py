@@ -22,6 +22,11 @@ class Alarms:
         numbers = [int(row["regions"]) for row in self.rows]
         return f"{min(numbers):,} to {max(numbers):,}"
 
+    def worst(self, sigma, averages):
+        """The map with the most."""
+        rows = [row for row in self.rows if row["sigma"] == sigma and row["expected"] in averages]
+        return max(rows, key=share_of)["map"]
+
     def right_from(self, sigma):
         """The least expected count from which on every map has about the right share; none where there is no such."""
         right = None
@@ -58,15 +63,15 @@ def verdict(shares):
 
 
 INSTEAD = {"Freeman-Tukey": "Where it finds nothing with few cases, ask Rossi, or the adjusted U.",
-           "Adjusted - Poisson": "With fewer cases take Rossi or Freeman-Tukey in its place."}
+           "Adjusted - Poisson": "Take Rossi or Freeman-Tukey in its place."}
 
 
 def m_line(name, alarms):
     text = f"- **M of {name}** is {verdict(alarms.shares(sigma='1'))} at sigma 1: with 1, 5 and 100 expected it raises "
     text += ", ".join(span(alarms.shares(sigma="1", expected=average)) for average in ("1", "5", "100"))
     right = alarms.right_from("1")
-    text += (f" false alarms in 100. It is about right on every map from {right} expected on. " if right else
-             " false alarms in 100. Up to 100 expected, no count makes it about right on every map. ")
+    text += (f" false alarms in 100. It is about right on every map computed from {right} expected on. " if right else
+             " false alarms in 100. Up to 100 expected, no count makes it about right on every map computed. ")
     return (text + INSTEAD.get(name, "")).rstrip()
 
 
@@ -128,6 +133,6 @@ def lines(counts):
     return "\n".join([
         f"- **U of Adjusted - Poisson** is {verdict(score.shares(sigma='1', expected=usual))} by its chi-squared p-value, where U "
         f"lies above its mean: {span(score.shares(sigma='1', expected=usual))} false alarms in 100 at sigma 1 with 5 or "
-        f"more expected, on every map of {score.regions()} regions. Its *Critical Value* gives {span(critical.shares(sigma='1', expected=usual))}.",
+        f"more expected, over all maps computed ({score.regions()} regions; the most on {score.worst('1', usual)}). Its *Critical Value* gives {span(critical.shares(sigma='1', expected=usual))}.",
         *(m_line(name, alarms) for name, alarms in kinds.items()),
         sigma_line(kinds), sweep_line(kinds, score), map_line(counts), count_line(counts)])
