@@ -50,7 +50,7 @@ void Append(std::string& text, const NestedRings& rings) {
 }
 
 std::string PointText(const PointXY& point) {
-    std::string text = "{\"type\":\"Point\",\"coordinates\":";
+    std::string text = R"({"type":"Point","coordinates":)";
     Append(text, point);
     text += '}';
     return text;
@@ -66,7 +66,7 @@ std::ptrdiff_t VertexCount(const CPolygon& polygon) {
 std::string PolygonText(const CPolygon& polygon) {
     const auto polygons = NestRings(polygon);
     if (polygons.empty()) return "null";
-    std::string text = "{\"type\":\"MultiPolygon\",\"coordinates\":[";
+    std::string text = R"({"type":"MultiPolygon","coordinates":[)";
     text.reserve(text.size() + static_cast<size_t>(VertexCount(polygon)) * VertexWidth);
     for (const NestedRings& rings : polygons) {
         if (&rings != &polygons.front()) text += ',';
@@ -119,8 +119,8 @@ std::string Properties(const Layer& layer, std::ptrdiff_t region) {
 constexpr size_t RoomOfAHead = 300;
 
 std::string FeatureHead(const Layer& layer, std::ptrdiff_t region) {
-    return "{\"type\":\"Feature\",\"id\":" + std::to_string(region) +
-           ",\"properties\":" + Properties(layer, region) + ",\"geometry\":";
+    return R"({"type":"Feature","id":)" + std::to_string(region) + R"(,"properties":)" +
+           Properties(layer, region) + R"(,"geometry":)";
 }
 
 /// Readers of geographic data take the text of a .prj file as the name of a system.
