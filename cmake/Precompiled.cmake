@@ -2,7 +2,7 @@
 # target reads those that most of its files share once. Not beside a compiler cache, which would find every object
 # changed whenever one of them is.
 function(precompile target)
-  if(NOT CCACHE)
+  if(VASTREL_READ_HEADERS_ONCE)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
