@@ -56,7 +56,8 @@ void Screens::Activate(QMdiSubWindow* child) {
 }
 
 void Screens::UnloadChildren() {
-    for (Screen* screen : all_)
+    const auto all = all_; // a screen that unloads may be the first to call for another, which is then made
+    for (Screen* screen : all)
         if (screen->ScreenKind() == Screen::Kind::Child) screen->Unload();
 }
 

@@ -11,6 +11,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <functional>
+#include <memory>
+
 using namespace vastrel;
 
 namespace {
@@ -36,6 +39,7 @@ public:
     void Form_Load() override { ++Loads; }
     void Form_Unload() override {
         ++Unloads;
+        if (AtUnload) AtUnload();
         if (Faulty) RaiseCustomary(DivisionByZero, "Form_Unload");
     }
 
@@ -43,6 +47,7 @@ public:
     QPushButton Plain{"&Plain"}, Default{"&Default"};
     int Loads = 0, Unloads = 0;
     bool Faulty = false;
+    std::function<void()> AtUnload;
     std::string Pressed;
 };
 
@@ -202,6 +207,21 @@ TEST_F(ScreensTest, UnloadsTheChildrenAndNotTheWindowsWithTheFrame) {
     screens().UnloadChildren();
     EXPECT_FALSE(Child().IsLoaded());
     EXPECT_TRUE(Window().IsLoaded());
+}
+
+TEST_F(ScreensTest, UnloadsTheChildrenWhereOneOfThemCallsForScreensThatWereNotMadeYet) {
+    Child().Show();
+    std::vector<std::unique_ptr<Form>> made;
+    Child().AtUnload = [&made] {
+        for (int i = 0; i < 100; ++i) // more than the list of the screens has room for
+            made.push_back(std::make_unique<Form>(Screen::Kind::Window));
+    };
+    screens().UnloadChildren();
+    Child().AtUnload = nullptr;
+    EXPECT_FALSE(Child().IsLoaded());
+    EXPECT_EQ(made.size(), 100U);
+    for (auto& form : made)
+        static_cast<void>(form.release()); // a form stands for the life of the process
 }
 
 TEST_F(ScreensTest, ScrollsToAChildThatDoesNotFit) {
