@@ -7,7 +7,24 @@ namespace {
 namespace fs = std::filesystem;
 using Json = nlohmann::ordered_json;
 
-class Join : public PartsOfARange {};
+class Join : public PartsOfARange {
+protected:
+    /// A range from 1 on three points.
+    static Words RossiOfThree(const std::string& to, const std::string& step) {
+        return {"retrospective-points",
+                "three.txt",
+                "--format",
+                "obs-exp",
+                "--variable",
+                "rossi",
+                "--from",
+                "1",
+                "--to",
+                to,
+                "--step",
+                step};
+    }
+};
 
 /// A PDF tells the second in which it was made.
 std::string WithoutDate(std::string bytes) {
@@ -81,18 +98,7 @@ TEST_F(Join, TakesTheTextsOfTheSettingsAsTheyWereGiven) {
 }
 
 TEST_F(Join, ShowsTheMessagesOfTheOneRun) {
-    const Words run{"retrospective-points",
-                    "three.txt",
-                    "--format",
-                    "obs-exp",
-                    "--variable",
-                    "rossi",
-                    "--from",
-                    "1",
-                    "--to",
-                    "20",
-                    "--step",
-                    "10"};
+    const Words run = RossiOfThree("20", "10");
     const auto one = RunBatch(run);
     EXPECT_NE(one.Errors, ""); // M* has no value
     EXPECT_EQ(RunBatch(PartOf(run, 1, 2)).Status, 0);
@@ -195,18 +201,7 @@ TEST_F(Join, HoldsTheInputAgainstThatOfTheParts) {
 // The lengths, depths and kinds of which a reader can die.
 // The bandwidth overflows at the second step: so does its part, in the same words, and leaves no file.
 TEST_F(Join, LeavesOutAPartThatEndedInAFault) {
-    const Words run{"retrospective-points",
-                    "three.txt",
-                    "--format",
-                    "obs-exp",
-                    "--variable",
-                    "rossi",
-                    "--from",
-                    "1",
-                    "--to",
-                    "1e300",
-                    "--step",
-                    "5e299"};
+    const Words run = RossiOfThree("1e300", "5e299");
     const auto one = RunBatch(run + Words{"--lists", "lists.txt"});
     EXPECT_EQ(one.Status, 4);
     EXPECT_EQ(RunBatch(PartOf(run, 1, 3)).Status, 0);

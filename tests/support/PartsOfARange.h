@@ -1,8 +1,7 @@
 #pragma once
 
 #include "support/BatchProgramShell.h"
-#include "support/ProjectFolder.h"
-#include "support/TemporaryFolder.h"
+#include "support/SampleRuns.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -11,20 +10,11 @@
 
 namespace vastrel {
 
-using Words = std::vector<std::string>;
-
-inline Words operator+(Words words, const Words& more) {
-    words.insert(words.end(), more.begin(), more.end());
-    return words;
-}
-
 /// A folder with copies of the samples, which is the current folder of the test.
 class PartsOfARange : public testing::Test {
 protected:
     PartsOfARange() {
-        for (const auto* name :
-             {"country.shp", "country.shx", "country.dbf", "country.cpg", "country_exp.txt"})
-            std::filesystem::copy_file(InProject(std::string("samples/") + name), folder_ / name);
+        CopySamples(folder_, {"country.shp", "country.shx", "country.dbf", "country.cpg", "country_exp.txt"});
         folder_.Write("three.txt", "A,0,0,9,4\nB,1,0,3,6\nC,0,1,5,7\n");
         std::filesystem::current_path(folder_.Path());
     }

@@ -14,11 +14,6 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-const std::pair<const char*, RetroVariable> Variables[] = {{"unadjusted", RetroVariable::Unadjusted},
-                                                           {"adjusted", RetroVariable::AdjustedPoisson},
-                                                           {"freeman-tukey", RetroVariable::FreemanTukey},
-                                                           {"rossi", RetroVariable::Rossi}};
-
 const std::string Dashes58(58, '-');
 const std::string Dashes78(78, '-');
 
@@ -43,7 +38,7 @@ void TakeSteps() {
 } // namespace
 
 TEST(RangeReport, IsTheGoldenReportOfAPointSweep) {
-    for (const auto& [name, variable] : Variables) {
+    for (const auto& [name, variable] : GoldenVariables) {
         ScriptedPlatform platform;
         TakeFivePoints();
         RunSweep(variable, {"0", "1", "0.4"}, PointRules(), [](const std::string&) {});

@@ -15,11 +15,6 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-const std::pair<const char*, RetroVariable> Variables[] = {{"unadjusted", RetroVariable::Unadjusted},
-                                                           {"adjusted", RetroVariable::AdjustedPoisson},
-                                                           {"freeman-tukey", RetroVariable::FreemanTukey},
-                                                           {"rossi", RetroVariable::Rossi}};
-
 std::string BothLists(Rows global, const Rows& local) {
     global.emplace_back();
     global.insert(global.end(), local.begin(), local.end());
@@ -58,7 +53,7 @@ const std::string Small = "   ---> p-value < 0.001";
 } // namespace
 
 TEST(FillLists, AreTheGoldenListsOfAPointRun) {
-    for (const auto& [name, variable] : Variables) {
+    for (const auto& [name, variable] : GoldenVariables) {
         ScriptedPlatform silent;
         TakeFivePoints();
         ws.CurrentSigma = 1;
@@ -69,7 +64,7 @@ TEST(FillLists, AreTheGoldenListsOfAPointRun) {
 }
 
 TEST(FillLists, AreTheGoldenListsOfAPointSweep) {
-    for (const auto& [name, variable] : Variables) {
+    for (const auto& [name, variable] : GoldenVariables) {
         ScriptedPlatform platform;
         TakeFivePoints();
         Rows rows;

@@ -14,11 +14,6 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-const std::pair<const char*, RetroVariable> Variables[] = {{"unadjusted", RetroVariable::Unadjusted},
-                                                           {"adjusted", RetroVariable::AdjustedPoisson},
-                                                           {"freeman-tukey", RetroVariable::FreemanTukey},
-                                                           {"rossi", RetroVariable::Rossi}};
-
 const std::string Dashes58(58, '-');
 
 /// One polygon Region with two ids and results as a run would leave them, all numbers made up.
@@ -45,7 +40,7 @@ void TakeResults() {
 } // namespace
 
 TEST(SingleReport, IsTheGoldenReportOfAPointRun) {
-    for (const auto& [name, variable] : Variables) {
+    for (const auto& [name, variable] : GoldenVariables) {
         ScriptedPlatform silent;
         TakeFivePoints();
         ws.CurrentSigma = 1;
