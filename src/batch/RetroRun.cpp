@@ -28,8 +28,6 @@ ExitStatus RetroRun::Run() {
 
 namespace {
 
-constexpr size_t SweepTitleRows = 2;
-
 /// What one bandwidth takes, roughly: the fit of the page on speed.
 double GuessedSeconds(RetroVariable variable, double n) {
     return MapsScore(variable) ? 0.1329e-9 * n * n * n + 56e-9 * n * n : 17e-9 * n * n;
@@ -71,7 +69,7 @@ bool RetroRun::RunRange() {
         lists.Global.push_back(row);
         if (progress_)
             progress_->StepDone();
-        else if (lists.Global.size() == SweepTitleRows)
+        else if (std::ssize(lists.Global) == SweepTitleRows)
             BeginSteps(Share().CountOf(ws.BandwidthCount));
     };
     if (!RunSteps(addRow)) return false;

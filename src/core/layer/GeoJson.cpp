@@ -56,13 +56,6 @@ std::string PointText(const PointXY& point) {
     return text;
 }
 
-std::ptrdiff_t VertexCount(const CPolygon& polygon) {
-    std::ptrdiff_t count = 0;
-    for (const CPart& part : polygon)
-        count += part.Count();
-    return count;
-}
-
 std::string PolygonText(const CPolygon& polygon) {
     const auto polygons = NestRings(polygon);
     if (polygons.empty()) return "null";
@@ -76,13 +69,6 @@ std::string PolygonText(const CPolygon& polygon) {
     return text;
 }
 
-std::ptrdiff_t VertexCount(const Collection<CPolygon>& polygons) {
-    std::ptrdiff_t count = 0;
-    for (const auto& polygon : polygons)
-        count += VertexCount(*polygon);
-    return count;
-}
-
 /// The geometry of each Region, counted from 0. Those of polygons are written by all cores.
 std::vector<std::string> Geometries(const Layer& layer) {
     constexpr std::ptrdiff_t operationsOfAVertex = 200; // most of them for the digits
@@ -93,7 +79,7 @@ std::vector<std::string> Geometries(const Layer& layer) {
             texts[static_cast<size_t>(k)] = PointText(layer.PointOf(k + 1));
         return texts;
     }
-    const int workers = WorkersFor(VertexCount(*layer.Polygons) * operationsOfAVertex);
+    const int workers = WorkersFor(VertexCount(layer) * operationsOfAVertex);
     RunRowWorkers(workers, EvenShares(regions), [&](RowRange range) {
         for (std::ptrdiff_t k = range.First; k < range.Last; ++k)
             texts[static_cast<size_t>(k)] = PolygonText(*layer.Polygons->Item(k + 1));

@@ -52,6 +52,21 @@ LayerFiles ShapeFiles(const std::string& path, const Layer& layer) {
 
 } // namespace
 
+std::ptrdiff_t VertexCount(const CPolygon& polygon) {
+    std::ptrdiff_t count = 0;
+    for (const CPart& part : polygon)
+        count += part.Count();
+    return count;
+}
+
+std::ptrdiff_t VertexCount(const Layer& layer) {
+    std::ptrdiff_t count = 0;
+    if (layer.Polygons != nullptr)
+        for (const auto& polygon : *layer.Polygons)
+            count += VertexCount(*polygon);
+    return count;
+}
+
 Layer PolygonLayer(ResultTable rows) {
     return {std::move(rows), &ws.ShpPolygons, {}, ProjectionOf(ws.ShapeFilePath)};
 }

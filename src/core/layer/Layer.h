@@ -22,6 +22,10 @@ struct Layer {
     std::string Projection; // the bytes of the dataset's .prj file; empty where there is none
 };
 
+/// The vertices of a polygon, and of all polygons of a layer; a layer of points has none.
+std::ptrdiff_t VertexCount(const CPolygon& polygon);
+std::ptrdiff_t VertexCount(const Layer& layer);
+
 /// Rows with the polygons of the store that they tell of.
 Layer PolygonLayer(ResultTable rows);
 

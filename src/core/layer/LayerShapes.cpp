@@ -17,13 +17,15 @@ std::int32_t Words(size_t bytes) {
     return static_cast<std::int32_t>(bytes / 2);
 }
 
-/// A pair that grows by one record after the other, without its main headers.
+/// A pair that grows by one record after the other; the room of its main headers is filled at the end.
 class PairOfRecords {
 public:
+    explicit PairOfRecords(size_t expectedSize) { records_.reserve(expectedSize); }
+
     /// `shape` moves the extent, unless it holds nothing.
     void Add(const std::string& contents, const IShape& shape, bool holdsSomething) {
         const std::int32_t length = Words(contents.size());
-        index_ += Bytes(RecordHeader{Words(MainHeaderSize + records_.size()), length});
+        index_ += Bytes(RecordHeader{Words(records_.size()), length});
         records_ += Bytes(RecordHeader{++count_, length});
         records_ += contents;
         if (!holdsSomething) return;
@@ -34,15 +36,17 @@ public:
         isEmpty_ = false;
     }
 
-    ShapeBytes Pair(ShapeType type) const {
-        return {Header(type, records_.size()) + records_, Header(type, index_.size()) + index_};
+    ShapeBytes Pair(ShapeType type) && {
+        records_.replace(0, MainHeaderSize, Header(type, records_.size()));
+        index_.replace(0, MainHeaderSize, Header(type, index_.size()));
+        return {std::move(records_), std::move(index_)};
     }
 
 private:
-    std::string Header(ShapeType type, size_t bodySize) const {
+    std::string Header(ShapeType type, size_t size) const {
         MainHeader header;
         header.FileCode = ShapefileCode;
-        header.FileLength = Words(MainHeaderSize + bodySize);
+        header.FileLength = Words(size);
         header.Version = ShapefileVersion;
         header.ShapeType = type;
         header.XMin = extent_.Left();
@@ -52,16 +56,23 @@ private:
         return Bytes(header);
     }
 
-    std::string records_, index_;
+    std::string records_ = std::string(MainHeaderSize, '\0'), index_ = records_;
     std::int32_t count_ = 0;
     CRect extent_;
     bool isEmpty_ = true;
 };
 
+constexpr size_t RoomOfAHead = 64; // of a record of one ring
+
+size_t ExpectedSize(const Layer& layer) {
+    return MainHeaderSize + static_cast<size_t>(layer.Rows.RowCount) * RoomOfAHead +
+           static_cast<size_t>(VertexCount(layer) * PointSize);
+}
+
 } // namespace
 
 ShapeBytes BytesOfShapes(const Layer& layer) {
-    PairOfRecords pair;
+    PairOfRecords pair(ExpectedSize(layer));
     for (std::ptrdiff_t region = 1; region <= layer.Rows.RowCount; ++region) {
         if (layer.Polygons != nullptr) {
             const CPolygon& polygon = *layer.Polygons->Item(region);
@@ -72,7 +83,7 @@ ShapeBytes BytesOfShapes(const Layer& layer) {
             pair.Add(RecordContents(point), point, true);
         }
     }
-    return pair.Pair(layer.Polygons != nullptr ? PolygonType : PointType);
+    return std::move(pair).Pair(layer.Polygons != nullptr ? PolygonType : PointType);
 }
 
 } // namespace vastrel

@@ -15,7 +15,6 @@ namespace vastrel {
 namespace {
 
 constexpr int DashCount = 50;
-constexpr std::ptrdiff_t TitleRows = 2;
 
 double BytesOfStatisticTable() {
     return (ws.NumRegion + 1.0) * (ws.BandwidthCount + 1.0) * sizeof(double);
@@ -183,7 +182,7 @@ SweepStep StepOfSweep(std::ptrdiff_t k) {
 }
 
 std::ptrdiff_t SweepStepOfRow(std::ptrdiff_t row) {
-    const std::ptrdiff_t step = row - TitleRows;
+    const std::ptrdiff_t step = row - SweepTitleRows;
     return step >= 0 && step < ws.BandwidthCount ? step : -1;
 }
 

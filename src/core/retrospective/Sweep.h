@@ -61,6 +61,9 @@ void TakeSweepValues(std::ptrdiff_t k);
 /// DisplayDrawValues, its bandwidth into CurrentSigma.
 void SelectSweepStep(std::ptrdiff_t k);
 
+/// The rows of lstGlobalPatternSummary before its first step: the heading and a row of dashes.
+constexpr std::ptrdiff_t SweepTitleRows = 2;
+
 /// The step behind a row of lstGlobalPatternSummary; -1 for a heading or a row of dashes.
 std::ptrdiff_t SweepStepOfRow(std::ptrdiff_t row);
 

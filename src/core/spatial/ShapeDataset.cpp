@@ -11,6 +11,7 @@
 #include "core/spatial/CShapeFile.h"
 #include "core/spatial/Recordset.h"
 #include "core/spatial/ShapeErrors.h"
+#include "core/spatial/ShapefileFormat.h"
 #include "core/workspace/Workspace.h"
 
 #include <algorithm>
@@ -63,10 +64,10 @@ void TakePoints(CShapeFile& file) {
         ws.ShpPoints.Add(std::static_pointer_cast<CPoint>(file.Item(i)));
 }
 
-constexpr std::int64_t VertexSize = 16, PartIndexSize = 4; // in the file
+constexpr std::int64_t PartIndexSize = 4; // in the file
 
 std::int64_t SizeInFile(const CMultiPoint& shape) {
-    return VertexSize * shape.Count();
+    return PointSize * shape.Count();
 }
 
 /// Of a polyline and of a polygon.
@@ -74,7 +75,7 @@ template <typename Shape>
 std::int64_t SizeInFile(const Shape& shape) {
     std::int64_t size = 0;
     for (const CPart& part : shape)
-        size += PartIndexSize + VertexSize * part.Count();
+        size += PartIndexSize + PointSize * part.Count();
     return size;
 }
 

@@ -9,6 +9,7 @@
 #include "core/spatial/CPolygon.h"
 #include "core/spatial/ErrorSource.h"
 #include "core/spatial/ShapeErrors.h"
+#include "core/spatial/ShapefileFormat.h"
 
 #include <algorithm>
 
@@ -19,7 +20,6 @@ namespace {
 // Places inside the contents of a record.
 constexpr std::int64_t TypeSize = 4;
 constexpr std::int64_t BoxSize = 32;
-constexpr std::int64_t PointSize = 16;
 constexpr std::int64_t PartsPlace = TypeSize + BoxSize + 8;       // behind NumParts and NumPoints
 constexpr std::int64_t MultiPointsPlace = TypeSize + BoxSize + 4; // behind NumPoints
 

@@ -18,6 +18,7 @@ constexpr std::int32_t ShapefileCode = 9994;
 constexpr std::int32_t ShapefileVersion = 1000;
 constexpr size_t MainHeaderSize = 100;
 constexpr size_t RecordHeaderSize = 8;
+constexpr std::int64_t PointSize = 16; // x and y
 
 /// Type codes of files and records.
 enum ShapeType : std::int32_t {

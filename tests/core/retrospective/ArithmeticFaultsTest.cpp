@@ -50,6 +50,16 @@ void ExpectZeroMatrices(std::ptrdiff_t n) {
         EXPECT_EQ(*table, Table<double>(n - 1, n - 1));
 }
 
+/// What is expected of a Region may be neither nothing nor negative.
+void ExpectFaultsOf(double& expected) {
+    expected = 0;
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
+    ExpectZeroMatrices(2);
+    expected = -0.5;
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), InvalidProcedureCall);
+    ExpectZeroMatrices(2);
+}
+
 using Arrays = std::initializer_list<const Array1<double>*>;
 
 /// The score arrays and the four of the map.
@@ -100,22 +110,12 @@ TEST(Faults, AreNoneWhereARegionIsAlone) {
 
 TEST(Faults, OfExpectedCountsStopTheScoreWeights) {
     Fill(2, 2);
-    ws.ExpCount(2) = 0;
-    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
-    ExpectZeroMatrices(2);
-    ws.ExpCount(2) = -1;
-    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), InvalidProcedureCall);
-    ExpectZeroMatrices(2);
+    ExpectFaultsOf(ws.ExpCount(2));
 }
 
 TEST(Faults, OfExpectedSharesStopTheScoreWeights) {
     Fill(2, 2);
-    ws.ExpRatio(1) = 0;
-    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), DivisionByZero);
-    ExpectZeroMatrices(2);
-    ws.ExpRatio(1) = -0.5;
-    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), InvalidProcedureCall);
-    ExpectZeroMatrices(2);
+    ExpectFaultsOf(ws.ExpRatio(1));
 }
 
 TEST(Faults, OfABandwidthBeyondItsSquareStopTheWeights) {

@@ -1,29 +1,19 @@
 #include "desktop/retrospective/PointScreen.h"
 #include "desktop/retrospective/RetroBatch.h"
 #include "desktop/retrospective/RetroPolygonTest.h"
+#include "support/SampleRuns.h"
 #include "support/screens/LayerMenu.h"
 
 using namespace vastrel;
 
 namespace {
 
-using Words = std::vector<std::string>;
-
 class LayerOfRetroPolygons : public RetroPolygonTest {
 protected:
     LayerOfRetroPolygons() { OpenSample(); }
 
     void ExpectTheSame(const Words& test) {
-        Words words{"retrospective-polygons",
-                    Folder / "country.shp",
-                    "--pop",
-                    "POP",
-                    "--cases",
-                    "CASES",
-                    "--id",
-                    "NAME"};
-        words.insert(words.end(), test.begin(), test.end());
-        ExpectLayerOfBatch(MapWindow, Script, words);
+        ExpectLayerOfBatch(MapWindow, Script, SampleRuns{Folder / ""}.RetroPolygons() + test);
     }
 };
 
@@ -32,9 +22,8 @@ protected:
     const std::string Path = InProject("samples/country_pop.txt");
 
     void ExpectTheSame(const Words& test) {
-        Words words{"retrospective-points", Path, "--format", "pop-case"};
-        words.insert(words.end(), test.begin(), test.end());
-        ExpectLayerOfBatch(Screen, Script, words);
+        ExpectLayerOfBatch(Screen, Script,
+                           Words{"retrospective-points", Path, "--format", "pop-case"} + test);
     }
 };
 
