@@ -45,8 +45,8 @@ struct Lengths {
 
     void Add(long first, long limit) {
         ++Replications;
-        Unfinished += first == 0;
-        const double length = static_cast<double>(first == 0 ? limit : first);
+        Unfinished += first == 0 ? 1 : 0;
+        const auto length = static_cast<double>(first == 0 ? limit : first);
         Periods += length;
         Squares += length * length;
     }
@@ -64,6 +64,7 @@ std::vector<Lengths> RunMany(const std::string& stream, const WatchedMap& watche
                              const std::vector<NamedAlarm>& alarms, long replications) {
     const Watch watch(watched);
     std::vector<Alarm> levels;
+    levels.reserve(alarms.size());
     for (const auto& alarm : alarms)
         levels.push_back(alarm.At);
     const long partCount = (replications + RunsOfAPart - 1) / RunsOfAPart;
@@ -139,7 +140,8 @@ Cell OneRegion() {
             }};
 }
 
-Cell MapRunLength(std::shared_ptr<const StudyMap> map, double sigma, double arl0, long mostReplications) {
+Cell MapRunLength(const std::shared_ptr<const StudyMap>& map, double sigma, double arl0,
+                  long mostReplications) {
     const Row of{map->Name, std::to_string(map->Count()), Shown(UsualK), Shown(arl0), Shown(sigma)};
     return {"run length " + map->Name + " sigma " + Shown(sigma) + " arl0 " + Shown(arl0), mostReplications,
             [=](const Cell& cell, long replications, Results& results) {
@@ -148,7 +150,7 @@ Cell MapRunLength(std::shared_ptr<const StudyMap> map, double sigma, double arl0
             }};
 }
 
-Cell Delays(std::shared_ptr<const StudyMap> map, double sigma, double shift, double share,
+Cell Delays(const std::shared_ptr<const StudyMap>& map, double sigma, double shift, double share,
             long mostReplications) {
     const auto raised = share == 0 ? std::vector<std::ptrdiff_t>{MiddleRegion(*map)} : Disc(*map, share);
     const Row of{map->Name,     std::to_string(map->Count()),
@@ -163,7 +165,7 @@ Cell Delays(std::shared_ptr<const StudyMap> map, double sigma, double shift, dou
         }};
 }
 
-Cell CountRunLength(std::shared_ptr<const StudyMap> map, double sigma, ExportOption transform,
+Cell CountRunLength(const std::shared_ptr<const StudyMap>& map, double sigma, ExportOption transform,
                     double expected, long mostReplications) {
     const Row of{map->Name,         std::to_string(map->Count()),
                  NameOf(transform), Shown(expected),

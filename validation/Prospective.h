@@ -12,15 +12,16 @@ Cell OneRegion();
 
 /// The run length of a map until the first signal anywhere, at the h of each option of the calculator,
 /// without an outbreak: run-lengths.csv.
-Cell MapRunLength(std::shared_ptr<const StudyMap> map, double sigma, double arl0, long mostReplications);
+Cell MapRunLength(const std::shared_ptr<const StudyMap>& map, double sigma, double arl0,
+                  long mostReplications);
 
 /// How long it takes until the first signal where the scores of the region in the middle, or of a disc of 5 %
 /// of the people, are raised from the first period on: delays.csv.
-Cell Delays(std::shared_ptr<const StudyMap> map, double sigma, double shift, double share,
+Cell Delays(const std::shared_ptr<const StudyMap>& map, double sigma, double shift, double share,
             long mostReplications);
 
 /// The run length where the scores are transformed counts: of one region, or of a map: count-run-lengths.csv.
-Cell CountRunLength(std::shared_ptr<const StudyMap> map, double sigma, ExportOption transform,
+Cell CountRunLength(const std::shared_ptr<const StudyMap>& map, double sigma, ExportOption transform,
                     double expected, long mostReplications);
 
 /// The one region of such a run.

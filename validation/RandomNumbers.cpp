@@ -60,6 +60,7 @@ double LowestCount(double mean) {
 std::vector<double> PoissonWeights(double mean) {
     const double mode = std::floor(mean), lowest = LowestCount(mean);
     std::vector<double> weights{1};
+    // NOLINTNEXTLINE(clang-analyzer-security.FloatLoopCounter): a whole number
     for (double count = mode; count > lowest; --count)
         weights.push_back(weights.back() * count / mean);
     std::reverse(weights.begin(), weights.end());

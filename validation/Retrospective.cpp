@@ -98,7 +98,7 @@ bool IsScore(std::size_t decision) {
 
 /// 0 for the unadjusted score, 1 for the adjusted one.
 std::size_t VariantOf(const std::string& statistic) {
-    return statistic == "U adjusted";
+    return statistic == "U adjusted" ? 1 : 0;
 }
 
 struct Hits {
@@ -112,8 +112,8 @@ Hits CountDecision(const std::vector<Verdict>& verdicts, std::size_t decision, l
     const std::size_t variant = VariantOf(Decisions()[decision].Statistic);
     const bool canStop = score && Decisions()[decision].Rule.starts_with("chi-squared p");
     for (std::size_t i = 0; i < static_cast<std::size_t>(hits.Of); ++i) {
-        hits.Made += verdicts[i].Made[decision];
-        hits.Stopped += canStop && verdicts[i].Stopped[variant];
+        if (verdicts[i].Made[decision]) ++hits.Made;
+        if (canStop && verdicts[i].Stopped[variant]) ++hits.Stopped;
     }
     return hits;
 }
@@ -132,7 +132,7 @@ std::vector<double> Descending(const std::vector<Verdict>& verdicts, std::size_t
 }
 
 Quantile UpperQuantile(const std::vector<double>& descending, double alpha) {
-    const double n = static_cast<double>(descending.size());
+    const auto n = static_cast<double>(descending.size());
     const auto at = [&](double rank) {
         return descending[static_cast<std::size_t>(std::clamp(std::floor(rank), 1.0, n) - 1)];
     };
@@ -170,21 +170,28 @@ std::string ShownValue(std::size_t value, double x) {
     return ValueNames()[value][0] == 'U' ? Shown(NormalPValue(x), 4) : Shown(x, 6);
 }
 
+/// Of one value, from its counted replications; `of` tells the case and its bandwidth.
+void AddCriticalValues(const std::vector<Verdict>& verdicts, std::size_t value, long count, const Row& of,
+                       Results& results) {
+    const bool score = ValueNames()[value][0] == 'U';
+    for (const double alpha : Alphas) {
+        const auto quantile = UpperQuantile(Descending(verdicts, value, count), alpha);
+        results.Add("critical-values.csv",
+                    CaseHead + "sigma,statistic,measure,alpha,replications,value,lower,upper",
+                    of + Row{ValueNames()[value], score ? "chi-squared p" : "largest M", Shown(alpha),
+                             std::to_string(count), ShownValue(value, quantile.Value),
+                             ShownValue(value, score ? quantile.Upper : quantile.Lower),
+                             ShownValue(value, score ? quantile.Lower : quantile.Upper)});
+    }
+}
+
 void AddCriticalValues(const Judged& judged, const Row& of, Results& results) {
     for (const auto& [sigma, verdicts] : judged.BySigma)
-        for (std::size_t v = 0; v < ValueCount; ++v)
-            for (const double alpha : Alphas) {
-                const bool score = ValueNames()[v][0] == 'U';
-                const long count = score ? judged.WithScore : static_cast<long>(verdicts.size());
-                if (count == 0) continue;
-                const auto quantile = UpperQuantile(Descending(verdicts, v, count), alpha);
-                results.Add("critical-values.csv",
-                            CaseHead + "sigma,statistic,measure,alpha,replications,value,lower,upper",
-                            of + Row{sigma, ValueNames()[v], score ? "chi-squared p" : "largest M",
-                                     Shown(alpha), std::to_string(count), ShownValue(v, quantile.Value),
-                                     ShownValue(v, score ? quantile.Upper : quantile.Lower),
-                                     ShownValue(v, score ? quantile.Lower : quantile.Upper)});
-            }
+        for (std::size_t v = 0; v < ValueCount; ++v) {
+            const bool score = ValueNames()[v][0] == 'U';
+            const long count = score ? judged.WithScore : static_cast<long>(verdicts.size());
+            if (count > 0) AddCriticalValues(verdicts, v, count, of + Row{sigma}, results);
+        }
 }
 
 bool IsUsual(const std::string& rule) {
@@ -225,7 +232,7 @@ std::string CaseName(const StudyMap& map, CountModel model, double average) {
 
 } // namespace
 
-Cell FalseAlarms(std::shared_ptr<const StudyMap> map, CountModel model, double average,
+Cell FalseAlarms(const std::shared_ptr<const StudyMap>& map, CountModel model, double average,
                  const Bandwidths& bandwidths) {
     const long most = 10'000;
     return {"false alarms " + CaseName(*map, model, average), most,
@@ -239,7 +246,7 @@ Cell FalseAlarms(std::shared_ptr<const StudyMap> map, CountModel model, double a
             }};
 }
 
-Cell Clusters(std::shared_ptr<const StudyMap> map, double average, const Bandwidths& bandwidths) {
+Cell Clusters(const std::shared_ptr<const StudyMap>& map, double average, const Bandwidths& bandwidths) {
     constexpr auto model = CountModel::Multinomial;
     return {"clusters " + CaseName(*map, model, average), 10'000,
             [=](const Cell& cell, long replications, Results& results) {

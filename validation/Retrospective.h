@@ -16,12 +16,12 @@ struct Bandwidths {
 
 /// How often the retrospective test takes each of its decisions where there is no cluster: false-alarms.csv,
 /// and the values that are passed by 5 and 1 of 100 datasets without a cluster: critical-values.csv.
-Cell FalseAlarms(std::shared_ptr<const StudyMap> map, CountModel model, double average,
+Cell FalseAlarms(const std::shared_ptr<const StudyMap>& map, CountModel model, double average,
                  const Bandwidths& bandwidths);
 
 /// How often it takes them where there is one, for risks of 1.5 and 2 in discs of 1, 5 and 20 % of the
 /// people: clusters.csv. Beside the rules of the program stands "above simulated 0.05": the largest value
 /// over the range against its value from as many datasets without a cluster.
-Cell Clusters(std::shared_ptr<const StudyMap> map, double average, const Bandwidths& bandwidths);
+Cell Clusters(const std::shared_ptr<const StudyMap>& map, double average, const Bandwidths& bandwidths);
 
 } // namespace vastrel::validation

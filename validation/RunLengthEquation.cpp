@@ -84,7 +84,7 @@ double AverageRunLength(double k, double h, double start, double mean) {
     };
     for (std::size_t i = 0; i < n; ++i)
         for (std::size_t j = 0; j < n; ++j)
-            system[i][j] = (i == j) - coefficient(places[i].At, j);
+            system[i][j] = (i == j ? 1 : 0) - coefficient(places[i].At, j);
     const auto lengths = Solved(system, std::vector<double>(n, 1));
     double length = 1;
     for (std::size_t j = 0; j < n; ++j)

@@ -67,11 +67,12 @@ StudyMap CountryPointsMap(const std::string& samples) {
 }
 
 StudyMap GridMap(int side) {
-    const std::ptrdiff_t n = side * side;
+    const std::ptrdiff_t n = std::ptrdiff_t{side} * side;
     StudyMap map{"grid-" + std::to_string(n), Array1<RegionPoint>(n), Array1<double>(n),
                  static_cast<double>(n)};
     for (std::ptrdiff_t i = 0; i < n; ++i) {
-        map.At(i + 1) = {std::to_string(i + 1), static_cast<double>(i % side), static_cast<double>(i / side)};
+        const std::ptrdiff_t column = i % side, row = i / side;
+        map.At(i + 1) = {std::to_string(i + 1), static_cast<double>(column), static_cast<double>(row)};
         map.Population(i + 1) = 1000;
     }
     return map;

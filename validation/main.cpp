@@ -77,6 +77,7 @@ void RunStudy(const Options& options) {
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the parser's own set-up may be out of memory
 int main(int argc, char** argv) {
     CLI::App program("Simulates how good the approximations of Vastrel's tests are. A second start goes on.");
     Options options;

@@ -12,15 +12,16 @@
 
 namespace {
 
-/// Puts the date that SOURCE_DATE_EPOCH names in the place of the clock's, so that one source makes the same bytes
-/// at any time. The date keeps its length, so that the places of all objects in the file hold.
+/// Puts the date that SOURCE_DATE_EPOCH names in the place of the clock's, so that one source makes the same
+/// bytes at any time. The date keeps its length, so that the places of all objects in the file hold.
 void SetCreationDate(QByteArray& pdf) {
     bool named = false;
     const qint64 epoch = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&named);
     const QByteArray key = "/CreationDate (D:";
     const qsizetype at = pdf.indexOf(key);
     if (!named || at < 0) return;
-    const QByteArray date = QDateTime::fromSecsSinceEpoch(epoch, Qt::UTC).toString("yyyyMMddHHmmss").toLatin1();
+    const QByteArray date =
+        QDateTime::fromSecsSinceEpoch(epoch, Qt::UTC).toString("yyyyMMddHHmmss").toLatin1();
     pdf.replace(at + key.size(), date.size(), date);
 }
 

@@ -35,8 +35,8 @@ InputFile MeasuredOnDisk(const std::string& name, const std::string& path) {
 }
 
 /// The name of a file in the folder of another, as that one is named.
-std::string NamedBeside(const std::string& given, const std::string& path) {
-    return PathText(NativePath(given).replace_filename(NativePath(path).filename()));
+std::string NamedBeside(const std::string& neighbour, const std::string& file) {
+    return PathText(NativePath(neighbour).replace_filename(NativePath(file).filename()));
 }
 
 /// What the files of a shapefile have in common: the path up to the first dot of the file's name.

@@ -96,7 +96,8 @@ std::vector<CLI::ConfigItem> SettingsFile::FromToml(std::istream& stream) const 
         const bool isSectionMark = item.name == "++" || item.name == "--";
         const bool ofCommand = item.parents.empty() || item.parents.front() == Command()->get_name();
         if (isSectionMark || !ofCommand) continue;
-        const bool ofProgram = item.parents.empty() && program_.get_option_no_throw("--" + item.name);
+        const bool ofProgram =
+            item.parents.empty() && program_.get_option_no_throw("--" + item.name) != nullptr;
         if (!ofProgram) item.parents = {Command()->get_name()};
         settings.push_back(std::move(item));
     }

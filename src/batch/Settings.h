@@ -13,6 +13,7 @@ namespace vastrel {
 nlohmann::ordered_json SettingsOf(const CLI::App& command);
 
 /// The head of the JSON of an earlier run.
+// NOLINTNEXTLINE(bugprone-exception-escape): moving the library's JSON is not said to be free of exceptions
 struct EarlierRun {
     std::string Command;
     nlohmann::ordered_json Settings; // without the command

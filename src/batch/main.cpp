@@ -22,7 +22,7 @@ RunTimeError Named(long number, const std::exception& error) {
 
 /// The configuration file that cannot be opened.
 RunTimeError NoConfiguration(const CLI::App& program) {
-    const std::string path = program.get_config_ptr()->as<std::string>();
+    const auto path = program.get_config_ptr()->as<std::string>();
     std::error_code ignored;
     return std::filesystem::is_directory(NativePath(path), ignored)
                ? RunTimeError(PathFileAccessError, "vastrel-batch", path + " is a folder, not a file.")

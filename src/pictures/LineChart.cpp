@@ -149,6 +149,7 @@ QString LineChart::Spoken() const {
 }
 
 Picture LineChart::PictureOf(const ChartPicture& chart, const QSize& size) {
+    // NOLINTNEXTLINE(bugprone-exception-escape): copying the rows may be out of memory
     return {size, [chart, size](QPaintDevice& device) {
                 LineChart whole;
                 whole.resize(size);

@@ -56,6 +56,20 @@ private:
     TemporaryFolder folder_;
 };
 
+constexpr int NoDisk = 77;
+
+/// A command on a disk of its own, which holds an old file "lists" and goes when the command ends. What it
+/// leaves there is the output: the names, and the first bytes of "lists".
+BatchResult OnADiskOf(int kilobytes, const std::string& command) {
+    const TemporaryFolder disk;
+    return RunShell("export BATCH; unshare --map-root-user --mount true || exit 77\n"
+                    "unshare --map-root-user --mount sh <<'END'\n"
+                    "mount -t tmpfs -o size=" +
+                    std::to_string(kilobytes) + "k tmpfs '" + disk.Path() + "' && cd '" + disk.Path() +
+                    "' || exit 77\nprintf before >lists\n" + command +
+                    "\nstatus=$?; ls -A; head -c 6 lists; exit $status\nEND");
+}
+
 } // namespace
 
 TEST(OutputFaults, AFullOrClosedStandardOutputIsTold) {
@@ -113,4 +127,41 @@ TEST(OutputFaults, SmallFilesWriteAllOrNothing) {
         failed += run.Result.Status == 4 ? 1 : 0;
     }
     EXPECT_GT(failed, 2);
+}
+
+TEST(OutputFaults, ASmallDiskHoldsAllOrNothing) {
+    int failed = 0;
+    for (const int kilobytes : {4, 8, 12, 24, 48, 96, 100000}) {
+        const auto result = OnADiskOf(kilobytes, Points() + "--sigma 1 --lists lists --json json");
+        if (result.Status == NoDisk) GTEST_SKIP() << "No disk can be mounted here. " << result;
+        SCOPED_TRACE(kilobytes);
+        if (result.Status == 0) {
+            EXPECT_EQ(result.Output.substr(0, 11), "json\nlists\n") << result;
+            EXPECT_EQ(result.Output.find("before"), std::string::npos) << result;
+            continue;
+        }
+        EXPECT_EQ(result.Status, 4) << result;
+        EXPECT_EQ(result.Output, "lists\nbefore") << result;
+        ++failed;
+    }
+    EXPECT_GT(failed, 2);
+}
+
+TEST(OutputFaults, ASignalAtABlockedPipeLeavesAllOld) {
+    for (const std::string signal : {"TERM", "HUP"}) {
+        const TemporaryFolder folder;
+        folder.Write("lists", "before");
+        const auto result = RunShell("cd '" + folder.Path() +
+                                     "'; mkfifo pipe; exec 3<>pipe\n" // which nobody reads
+                                     "trap - " +
+                                     signal + "; " + Points() +
+                                     "--from 0.1 --to 6 --step 0.05 --lists lists --json - >pipe &\n"
+                                     "for k in $(seq 200); do [ -e .lists~ ] && break; sleep 0.1; done\n"
+                                     "sleep 0.3; ls -A; kill -" +
+                                     signal + " $!; wait $!");
+        EXPECT_EQ(result.Output, ".lists~\nlists\npipe\n") << result;
+        EXPECT_GT(result.Status, 128) << signal;
+        EXPECT_EQ(NamesIn(folder), (Names{"lists", "pipe"})) << signal;
+        EXPECT_EQ(ReadFile(folder / "lists"), "before") << signal;
+    }
 }

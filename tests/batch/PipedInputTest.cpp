@@ -2,6 +2,7 @@
 #include "support/BatchProgram.h"
 #include "support/FilledPipe.h"
 #include "support/ProjectFolder.h"
+#include "support/SampleRuns.h"
 
 #include <gtest/gtest.h>
 
@@ -70,4 +71,14 @@ TEST(PipedInput, IsRefusedForAShapefile) {
         EXPECT_EQ(result.Output, "");
         EXPECT_NE(result.Errors.find("is a pipe or a device"), std::string::npos) << result.Errors;
     }
+}
+
+TEST(PipedInput, IsRefusedForAnAttributeTable) {
+    const TemporaryFolder folder;
+    CopySamples(folder, {"country.shp", "country.shx"});
+    ASSERT_EQ(mkfifo((folder / "country.dbf").c_str(), 0600), 0);
+    const auto result = RunBatch(SampleRuns{folder / ""}.RetroPolygons() + Words{"--sigma", "1"});
+    EXPECT_EQ(result.Status, 4);
+    EXPECT_EQ(result.Output, "");
+    EXPECT_NE(result.Errors.find("country.dbf is a pipe or a device"), std::string::npos) << result.Errors;
 }

@@ -10,7 +10,7 @@ namespace {
 /// e^x from -745.2 to -708, where it has fewer bits, if its rounding is certain: in whole numbers of 2^-61
 /// times its power of two.
 std::optional<double> QuickSubnormalExponential(double x) {
-    QuickParts<16> parts;
+    QuickParts<16> parts{};
     TakeQuickParts(VectorOf<16>::Doubles{x, x}, parts);
     constexpr std::int64_t doubt = 2; // 2^-66 is less than a unit, and another is cut off
     const auto value = (static_cast<std::int64_t>(parts.Sum[0] * 0x1p52) << 9) +
@@ -27,7 +27,7 @@ std::optional<double> QuickSubnormalExponential(double x) {
 std::optional<double> QuickScalarExponential(double x) {
     if (x < -708) return QuickSubnormalExponential(x);
     if (x > 708) return {};
-    QuickResult<16> quick;
+    QuickResult<16> quick{};
     QuickExponential(VectorOf<16>::Doubles{x, x}, quick);
     if (quick.Doubt[0] != 0) return {};
     return double{quick.Value[0]};

@@ -46,7 +46,7 @@ inline double DividedByZero() {
 }
 
 inline double DoubleOfBits(std::uint64_t bits) {
-    const double result = std::bit_cast<double>(bits);
+    const auto result = std::bit_cast<double>(bits);
     return result == Infinity ? Overflown() : result;
 }
 

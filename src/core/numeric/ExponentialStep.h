@@ -90,7 +90,7 @@ template <int Bytes>
                                                     QuickResult<Bytes>& result) {
     using Vector = typename VectorOf<Bytes>::Doubles;
     using Bits = typename VectorOf<Bytes>::Bits;
-    QuickParts<Bytes> parts;
+    QuickParts<Bytes> parts{};
     TakeQuickParts(x, parts);
     const Vector above = parts.Sum + (parts.Small + parts.Doubt);
     const Vector below = parts.Sum + (parts.Small - parts.Doubt);

@@ -42,7 +42,7 @@ template <int Bytes>
         const Bits magnitude = bits & ~sign;
         const Bits isOutside = (largest - magnitude) >> 63; // all bits of a lane, or none
         const Bits isZero = bits & (vanishing - magnitude) & ~(infinity - magnitude);
-        QuickResult<Bytes> quick;
+        QuickResult<Bytes> quick{};
         QuickExponential(reinterpret_cast<Vector>(bits & ~isOutside), quick);
         const Bits others = (quick.Doubt & ~isOutside) | (isOutside & ~isZero & sign);
         *reinterpret_cast<Unaligned*>(result + i) =

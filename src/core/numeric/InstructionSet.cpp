@@ -19,9 +19,12 @@ struct KnownSet {
 /// In the order of the enumeration.
 constexpr KnownSet KnownSets[] = {
 #if defined(__x86_64__)
-    {InstructionSet::Avx512, "avx512", [] { return __builtin_cpu_supports("avx512f") != 0; }},
+    {InstructionSet::Avx512, "avx512", [] { return static_cast<bool>(__builtin_cpu_supports("avx512f")); }},
     {InstructionSet::Avx2, "avx2",
-     [] { return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0; }},
+     [] {
+         return static_cast<bool>(__builtin_cpu_supports("avx2")) &&
+                static_cast<bool>(__builtin_cpu_supports("fma"));
+     }},
 #endif
     {InstructionSet::Baseline, "baseline", [] { return true; }},
 };

@@ -19,7 +19,7 @@ constexpr double StripWidth = 4; // in Regions: a tile of the dense product then
 void SortBy(double RegionPoint::*coordinate, const Array1<RegionPoint>& at, Order::iterator first,
             Order::iterator last) {
     std::sort(first, last, [&](std::ptrdiff_t i, std::ptrdiff_t j) {
-        return std::strong_order(at(i).*coordinate, at(j).*coordinate) < 0;
+        return std::is_lt(std::strong_order(at(i).*coordinate, at(j).*coordinate));
     });
 }
 

@@ -27,7 +27,7 @@ struct Parts {
 /// The terms of a series that count where each is less than half of 2^-bitsOfTerm of the one before.
 template <int Words>
 constexpr std::size_t TermsOf(int bitsOfTerm) {
-    return static_cast<std::size_t>(WideFixed<Words>::FractionBits / bitsOfTerm + 1);
+    return static_cast<std::size_t>(WideFixed<Words>::FractionBits / bitsOfTerm) + 1;
 }
 
 /// e^t or e^-t for t below 1100; the magnitude lies from 1 to 2.01.

@@ -43,6 +43,7 @@ std::vector<std::ptrdiff_t> SignaledRegions(const Table<double>& cusum, std::ptr
 std::vector<std::string> SignaledRows(const Table<double>& cusum, const Array1<std::string>& labels,
                                       std::ptrdiff_t period, const std::vector<std::ptrdiff_t>& regions) {
     std::vector<std::string> rows;
+    rows.reserve(regions.size());
     for (const std::ptrdiff_t i : regions)
         rows.push_back(SignaledRow(cusum(i, period), labels(i)));
     return rows;

@@ -21,11 +21,11 @@ const char* Fault(const FieldValue& value) {
 bool HoldsZScores(const std::string& column) {
     Recordset& table = AttributeTable();
     const char* fault = nullptr;
-    for (table.MoveFirst(); !table.EndOfFile() && !fault; table.MoveNext())
+    for (table.MoveFirst(); !table.EndOfFile() && fault == nullptr; table.MoveNext())
         fault = Fault(table.Fields(column).Value());
     table.MoveFirst();
-    if (fault) Warn(fault);
-    return !fault;
+    if (fault != nullptr) Warn(fault);
+    return fault == nullptr;
 }
 
 std::string TextOf(const std::string& column) {

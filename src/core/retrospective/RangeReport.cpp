@@ -13,9 +13,9 @@ constexpr int Dashes58 = 58;
 constexpr int Dashes78 = 78;
 
 struct RangeLayout {
-    const char* Title;
+    const char* Title = nullptr;
     RetroLayout Columns;
-    int DashCount;
+    int DashCount = 0;
 };
 
 RangeLayout RangeLayoutOf(RetroVariable variable, const RetroRules& rules) {

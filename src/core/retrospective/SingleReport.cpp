@@ -21,11 +21,11 @@ RetroLayout LocalLayout(bool score, bool twoIDs) {
     auto& [heading, row] = layout;
     heading = twoIDs ? RetroFields{{"ID(1)", 15}, {"ID(2)", 13}} : RetroFields{{"ID", 15}};
     row = twoIDs ? RetroFields{{ID1, 15}, {ID2, 13}} : RetroFields{{ID1, 15}};
-    heading.push_back({score ? "U(i)" : "M(i)", 10});
-    row.push_back({Local, 10, "###0.00"});
+    heading.emplace_back(score ? "U(i)" : "M(i)", 10);
+    row.emplace_back(Local, 10, "###0.00");
     if (score) {
-        heading.push_back({"Z[U(i)]", 10});
-        row.push_back({Z, 10, "0.00"});
+        heading.emplace_back("Z[U(i)]", 10);
+        row.emplace_back(Z, 10, "0.00");
     }
     heading.insert(heading.end(), {{"Observed", 10}, {"Expected", 10}});
     row.insert(row.end(), {{Obs, 10, "0.00"}, {Exp, 10, "0.00"}});

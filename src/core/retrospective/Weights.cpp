@@ -25,7 +25,7 @@ void TakePointDataset() {
 
 void RequireMemoryForTables(int tables, double further) {
     const double n = Counter16(ws.NumRegion);
-    const double held = static_cast<double>(ws.Distances.Squared.UpperBound() + 1);
+    const auto held = static_cast<double>(ws.Distances.Squared.UpperBound() + 1);
     RequireMemory(((n + 1) * (n + 1) * tables - held) * sizeof(double) + further, "cmdRun");
 }
 

@@ -14,6 +14,7 @@ Recordset& AttributeTable() {
 std::vector<std::string> FieldNames() {
     const Recordset& table = AttributeTable();
     std::vector<std::string> names;
+    names.reserve(static_cast<size_t>(table.FieldCount()));
     for (int k = 0; k < table.FieldCount(); ++k)
         names.push_back(table.Fields(k).Name());
     return names;

@@ -71,7 +71,7 @@ size_t BinaryFile::ReadUpTo(std::int64_t position, char* bytes, size_t count) {
         };
         if (!inWindow()) LoadWindow(at);
         if (!inWindow()) break;
-        const size_t offset = static_cast<size_t>(at - windowStart_);
+        const auto offset = static_cast<size_t>(at - windowStart_);
         const size_t piece = std::min(count - done, windowSize_ - offset);
         std::memcpy(bytes + done, window_.data() + offset, piece);
         done += piece;

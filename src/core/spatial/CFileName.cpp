@@ -22,7 +22,7 @@ bool IsLetter(char c) {
 
 bool IsValidSpec(std::string_view spec) {
     if (spec.size() < 2 || !IsLetter(spec[0]) || spec[1] != ':') return false;
-    for (const auto twice : {"\\\\", ".."})
+    for (const char* twice : {"\\\\", ".."})
         if (spec.find(twice) != std::string_view::npos) return false;
     for (const char needed : {'\\', '.'})
         if (spec.find(needed) == std::string_view::npos) return false;

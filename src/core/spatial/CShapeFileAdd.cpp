@@ -21,7 +21,8 @@ constexpr std::int32_t NullContentLength = 2; // words
 
 /// Run-time error 6 for a file that has grown beyond what its format can tell.
 std::int32_t Words(std::int64_t bytes) {
-    return RoundToInt32(static_cast<double>(bytes / 2));
+    const std::int64_t words = bytes / 2;
+    return RoundToInt32(static_cast<double>(words));
 }
 
 /// Which shapes a file takes, and how each is written.

@@ -23,7 +23,7 @@ struct DbaseTable::Handle {
 namespace {
 
 std::string FileOfTable(const std::string& path) {
-    const std::string found = FindFile(path);
+    std::string found = FindFile(path);
     if (found.empty())
         RaiseCustomary(FileNotFound, "DbaseTable",
                        "The attribute table " + path +

@@ -30,7 +30,9 @@ CPoint PointAt(const char* bytes, const std::string& place) {
 
 template <typename Shape>
 void TakeBox(Shape& shape, const char* bytes, const std::string& place) {
-    const auto edge = [&](int k) { return FiniteCoordinate(NumberAt<double>(bytes + 8 * k), place); };
+    const auto edge = [&](std::ptrdiff_t k) {
+        return FiniteCoordinate(NumberAt<double>(bytes + 8 * k), place);
+    };
     shape.TakeBox(edge(0), edge(1), edge(2), edge(3));
 }
 

@@ -12,7 +12,7 @@ MainHeader ReadMainHeader(BinaryFile& file) {
     file.ReadUpTo(0, bytes, sizeof bytes);
     MainHeader header;
     header.FileCode = SwappedAt(bytes);
-    for (int i = 0; i < 5; ++i)
+    for (std::ptrdiff_t i = 0; i < 5; ++i)
         header.Unused[i] = SwappedAt(bytes + 4 + 4 * i);
     header.FileLength = SwappedAt(bytes + 24);
     header.Version = NumberAt<std::int32_t>(bytes + 28);
@@ -21,7 +21,7 @@ MainHeader ReadMainHeader(BinaryFile& file) {
     header.YMin = NumberAt<double>(bytes + 44);
     header.XMax = NumberAt<double>(bytes + 52);
     header.YMax = NumberAt<double>(bytes + 60);
-    for (int i = 0; i < 4; ++i)
+    for (std::ptrdiff_t i = 0; i < 4; ++i)
         header.RangesZM[i] = NumberAt<double>(bytes + 68 + 8 * i);
     return header;
 }

@@ -101,8 +101,10 @@ std::unique_ptr<TemporaryName> MakeBeside(const std::string& path,
     size_t longest = LongestName(FolderOf(path));
     for (int i = 1; i <= mostNames; ++i) {
         const std::string behind = i == 1 ? "~" : "~" + std::to_string(i);
-        auto made = std::make_unique<TemporaryName>(before + Cut(name, longest - 1 - behind.size()) + behind,
-                                                    TemporaryName::Kind::File);
+        std::string hidden = before;
+        hidden += Cut(name, longest - 1 - behind.size());
+        hidden += behind;
+        auto made = std::make_unique<TemporaryName>(std::move(hidden), TemporaryName::Kind::File);
         const SignalsWait wait;
         if (make(made->Path().c_str()) == 0) {
             made->MarkMade();

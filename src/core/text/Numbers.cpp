@@ -81,14 +81,14 @@ std::string UpperExponent(char* begin, char* end) {
 std::string GeneralText(double value) {
     if (value == 0) return "0";
     char text[40];
-    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
+    char* const end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
     return UpperExponent(text, end);
 }
 
 std::string ShortestFloatText(float value) {
     if (value == 0) return "0";
     char text[40];
-    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
+    const char* end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
     double digits = 0; // nine at the most, so that the text of the double has no others
     std::from_chars(text, end, digits);
     return GeneralText(digits);

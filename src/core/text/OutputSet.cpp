@@ -28,6 +28,7 @@ public:
     MadeFolders& operator=(const MadeFolders&) = delete;
 
     /// Where one cannot be made, the files in it tell.
+    // NOLINTNEXTLINE(misc-no-recursion): no deeper than the path
     void Make(std::string path) {
         while (path.size() > 1 && path.back() == '/')
             path.pop_back();

@@ -94,6 +94,7 @@ bool IsDescriptor(const std::string& path) {
     return path == "-" || (FollowLinks(target) && target.Descriptor >= 0);
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): no deeper than the path
 std::optional<std::string> FileIdentity(const std::string& path) {
     const auto numbers = [](const struct stat& is) {
         return std::to_string(is.st_dev) + ":" + std::to_string(is.st_ino);

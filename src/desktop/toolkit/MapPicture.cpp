@@ -23,11 +23,12 @@ bool IsOnShow(const QWidget& widget) {
 void PaintSurface(QPainter& painter, const PlotWidget& surface, const QRect& place) {
     painter.save();
     painter.setClipRect(place);
-    painter.translate(place.topLeft() + surface.Inside());
+    painter.translate(place.topLeft() + PlotWidget::Inside());
     surface.Repeat(painter);
     painter.restore();
 }
 
+// NOLINTNEXTLINE(misc-no-recursion): no deeper than the window's parts
 void PaintPart(QPainter& painter, QWidget& part) {
     const QRect place = PlaceOf(part);
     if (auto* surface = qobject_cast<PlotWidget*>(&part)) {

@@ -51,7 +51,7 @@ void Screens::Dismiss(Screen* screen) {
     emit Unloaded(screen);
 }
 
-void Screens::Activate(QMdiSubWindow* child) {
+void Screens::Activate(QMdiSubWindow* child) const {
     if (frame_.Area != nullptr) frame_.Area->setActiveSubWindow(child);
 }
 
@@ -61,7 +61,7 @@ void Screens::UnloadChildren() {
         if (screen->ScreenKind() == Screen::Kind::Child) screen->Unload();
 }
 
-void Screens::OnActivate(Screen* screen, std::function<void()> handler) {
+void Screens::OnActivate(Screen* screen, std::function<void()> handler) const {
     connect(frame_.Area, &QMdiArea::subWindowActivated, screen,
             [screen, handler = std::move(handler)](QMdiSubWindow* window) {
                 if (window != nullptr && window->widget() == screen) InBoundary(handler);

@@ -42,10 +42,10 @@ public:
 
     /// Hides an unloaded screen, and the frame's scroll bars where nothing needs them any longer.
     void Dismiss(Screen* screen);
-    void Activate(QMdiSubWindow* child);
+    void Activate(QMdiSubWindow* child) const;
 
     /// A handler for the moments when a child screen becomes the active one.
-    void OnActivate(Screen* screen, std::function<void()> handler);
+    void OnActivate(Screen* screen, std::function<void()> handler) const;
 
     /// Enables or disables an entry of the frame's menu, by its name.
     void EnableEntry(const char* entry, bool enabled) const;

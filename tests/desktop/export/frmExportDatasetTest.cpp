@@ -3,6 +3,7 @@
 #include "core/workspace/Workspace.h"
 #include "desktop/toolkit/OptionButton.h"
 #include "support/BatchProgram.h"
+#include "support/screens/FullDisk.h"
 #include "support/screens/PolygonScreenTest.h"
 #include "support/screens/ScreenChecks.h"
 
@@ -191,6 +192,15 @@ TEST_F(ExportScreen, TakesNoInputWhileItComputes) {
     Script.ExpectRunTimeError(11);
     Press(Screen, "cmdExport");
     EXPECT_EQ(Script.DroppedInputs(), before + 2);
+}
+
+TEST_F(ExportScreen, LeavesTheOldFileOnAFullDisk) {
+    Choose("O1", "O1", "E1", "E1");
+    Press(Screen, "optGeneric");
+    ExpectOldFileOnAFullDisk(Script, SaveFilter, ".txt", DiskFullError,
+                             [this] { Press(Screen, "cmdExport"); });
+    EXPECT_TRUE(Screen.IsLoaded());
+    EXPECT_FALSE(Script.BusyPointer());
 }
 
 TEST_F(ExportScreen, StopsWhereTheFileCannotBeWritten) {

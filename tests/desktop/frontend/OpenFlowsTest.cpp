@@ -4,6 +4,7 @@
 #include "core/workspace/Workspace.h"
 #include "desktop/frontend/OpenFlowsTest.h"
 #include "desktop/retrospective/frmClusterDetectionTextfile.h"
+#include "support/screens/FullDisk.h"
 
 #include <QAction>
 
@@ -182,6 +183,12 @@ TEST_F(OpenFlows, TakeNoInputWhileTheyReadAndCompute) {
     Script.ExpectFile(FileQuestion::Kind::Save, "Text File (*.txt)|*.txt", "");
     Command("mnuGetCentroid");
     EXPECT_EQ(Script.DroppedInputs(), 6 + 1);
+}
+
+TEST_F(OpenFlows, LeaveTheOldCentroidsOnAFullDisk) {
+    OpenPro(WriteThree());
+    ExpectOldFileOnAFullDisk(Script, "Text File (*.txt)|*.txt", ".txt", DiskFullError,
+                             [this] { Command("mnuGetCentroid"); });
 }
 
 TEST_F(OpenFlows, WriteTheCentroids) {

@@ -2,6 +2,7 @@
 
 #include "desktop/prospective/WatchScreen.h"
 #include "desktop/toolkit/OptionButton.h"
+#include "support/screens/FullDisk.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -228,6 +229,15 @@ TEST_F(WatchScreen, TellsThatNoReportFileWasChosenAndReportsOneThatCannotBe) {
     EXPECT_FALSE(IsEnabled(Screen, "cmdSaveResult"));
     EXPECT_FALSE(Script.BusyPointer());
     EXPECT_EQ(Periods()->ListCount(), 7);
+}
+
+TEST_F(WatchScreen, LeavesTheOldFilesOnAFullDisk) {
+    LoadForStart();
+    Run();
+    ExpectOldFileOnAFullDisk(Script, ReportFilter, ".txt", DiskFullError,
+                             [this] { Press(Screen, "cmdSaveResult"); });
+    ExpectOldFileOnAFullDisk(Script, CusumFilter, ".csm", PassedOver,
+                             [this] { Press(Screen, "cmdSaveCusum"); });
 }
 
 TEST_F(WatchScreen, SavesCusumsAsOftenAsAskedAndIsQuietAboutFaults) {

@@ -2,6 +2,7 @@
 #include "desktop/retrospective/RetroBatch.h"
 #include "desktop/retrospective/RetroPolygonTest.h"
 #include "support/SampleRuns.h"
+#include "support/screens/FullDisk.h"
 #include "support/screens/LayerMenu.h"
 
 using namespace vastrel;
@@ -54,6 +55,13 @@ TEST_F(LayerOfRetroPolygons, CannotBeWrittenOverTheDataset) {
     Script.ExpectFile(FileQuestion::Kind::Save, LayerFilter, Folder / "country.shp");
     Script.ExpectMessage("country.shp is part of the dataset.");
     LayerEntryOf(MapWindow)->trigger();
+}
+
+TEST_F(LayerOfRetroPolygons, LeavesTheOldOneOnAFullDisk) {
+    RunSingle("optUnadjusted", "1");
+    for (const char* ending : {".geojson", ".shp"})
+        ExpectOldFileOnAFullDisk(Script, LayerFilter, ending, DiskFullError,
+                                 [this] { LayerEntryOf(MapWindow)->trigger(); });
 }
 
 TEST_F(LayerOfRetroPolygons, EndsWithItsRun) {

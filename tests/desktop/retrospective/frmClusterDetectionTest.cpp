@@ -2,6 +2,7 @@
 
 #include "desktop/retrospective/RetroPolygonTest.h"
 #include "desktop/toolkit/OptionButton.h"
+#include "support/screens/FullDisk.h"
 #include "support/screens/ScreenChecks.h"
 
 using namespace vastrel;
@@ -384,4 +385,12 @@ TEST_F(frmClusterDetectionTest, KeepsListsAndMapWhileTheDataAreReset) {
     shown = Picture();
     EXPECT_EQ(shown, ClassesOf(ws.LocalM));
     EXPECT_NE(shown, map);
+}
+
+TEST_F(frmClusterDetectionTest, LeavesTheOldReportOnAFullDisk) {
+    RunSingle("optUnadjusted", "1");
+    ExpectOldFileOnAFullDisk(Script, "Text File (*.txt)|*.txt", ".txt", DiskFullError,
+                             [this] { Press(Retro, "cmdSave"); });
+    EXPECT_EQ(Buttons(), Enabled(true, true));
+    EXPECT_FALSE(Script.BusyPointer());
 }

@@ -5,6 +5,7 @@
 #include "desktop/retrospective/PointScreen.h"
 #include "desktop/toolkit/ComboBox.h"
 #include "desktop/toolkit/QtPlatform.h"
+#include "support/screens/FullDisk.h"
 #include "support/screens/PostedInput.h"
 #include "support/screens/ScreenChecks.h"
 
@@ -182,6 +183,14 @@ TEST_F(PointScreen, WritesNothingAfterACancelAndReportsAFileThatCannotBe) {
     EXPECT_FALSE(Script.BusyPointer());
     Save(Folder / "report.txt");
     EXPECT_FALSE(ReadFile(Folder / "report.txt").empty());
+}
+
+TEST_F(PointScreen, LeavesTheOldReportOnAFullDisk) {
+    LoadFour();
+    RunSingle("1");
+    ExpectOldFileOnAFullDisk(Script, SaveFilter, ".txt", DiskFullError, [this] { Press(Screen, "cmdSave"); });
+    EXPECT_EQ(Buttons(), Enabled(true, true));
+    EXPECT_FALSE(Script.BusyPointer());
 }
 
 TEST_F(PointScreen, GoesAndComesBackAsNew) {

@@ -3,6 +3,7 @@
 #include "desktop/toolkit/PlotWidget.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TemporaryFolder.h"
+#include "support/screens/FullDisk.h"
 
 #include "core/text/TextFile.h"
 
@@ -105,6 +106,12 @@ TEST_F(MapPictureTest, SavesTheLegendAsTextInFilesOfLines) {
         Choose("Save Picture As...");
         EXPECT_EQ(ReadFile(folder / name).substr(0, 4), head);
     }
+}
+
+TEST_F(MapPictureTest, LeavesTheOldFileOnAFullDisk) {
+    for (const char* ending : {".png", ".svg", ".pdf"})
+        ExpectOldFileOnAFullDisk(Script, PictureFilter, ending, DiskFullError,
+                                 [this] { Choose("Save Picture As..."); });
 }
 
 TEST_F(MapPictureTest, IsCopiedByTheKeysOfAMapThatHasTheFocus) {
