@@ -2,6 +2,7 @@
 #include "Register.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/PValues.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/retrospective/Sweep.h"
 #include "core/workspace/Workspace.h"
 #include "support/PlainRetrospective.h"

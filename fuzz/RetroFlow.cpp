@@ -7,6 +7,7 @@
 #include "core/layer/RetroLayer.h"
 #include "core/retrospective/RangeReport.h"
 #include "core/retrospective/ResultLists.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/retrospective/SingleReport.h"
 #include "core/retrospective/Sweep.h"
 #include "core/text/Numbers.h"

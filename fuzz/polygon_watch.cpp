@@ -10,7 +10,7 @@
 #include "core/prospective/CusumFile.h"
 #include "core/prospective/CusumInput.h"
 #include "core/prospective/PolygonCusum.h"
-#include "core/prospective/PolygonDisplay.h"
+#include "core/prospective/PolygonPeriods.h"
 #include "core/prospective/PolygonSource.h"
 #include "core/workspace/Workspace.h"
 

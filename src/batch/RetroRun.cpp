@@ -8,6 +8,7 @@
 #include "core/layer/CsvTable.h"
 #include "core/layer/RetroLayer.h"
 #include "core/retrospective/RangeReport.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/retrospective/SingleReport.h"
 #include "core/text/Numbers.h"
 #include "core/text/TextFile.h"

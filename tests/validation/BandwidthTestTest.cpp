@@ -3,7 +3,7 @@
 #include "core/numeric/Approximations.h"
 #include "core/retrospective/MStatistic.h"
 #include "core/retrospective/PValues.h"
-#include "core/retrospective/RetroVariable.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/text/Numbers.h"
 #include "support/ProjectFolder.h"
 #include "validation/Counts.h"

@@ -17,11 +17,6 @@ struct AnimationScreen {
     std::function<void(std::ptrdiff_t row)> SelectRow; // of lstGlobalPatternSummary
 };
 
-/// The row of lstGlobalPatternSummary that stands for step k of the sweep; two title rows come first.
-constexpr std::ptrdiff_t RowOfSweepStep(std::ptrdiff_t k) {
-    return k + 2;
-}
-
 /// Steps the statistic map through the bandwidths of the last sweep. Each frame takes its values, waits,
 /// paints by the variable of that moment, and selects its row; CurrentSigma is left to the row's click. False
 /// where the screens were gone after a wait, or play something newer: nothing more is done then.

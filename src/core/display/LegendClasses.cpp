@@ -62,6 +62,14 @@ void SetLegendColors() {
         ws.LegendColors(i) = ClassColours[static_cast<size_t>(i - 1)];
 }
 
+const Array1<double>& MapDrawValues(RetroVariable variable) {
+    return MapsScore(variable) ? ws.MapDrawScore : ws.MapDrawM;
+}
+
+Array1<double>& MapClassValues(RetroVariable variable) {
+    return MapsScore(variable) ? ws.MapClassScore : ws.MapClassM;
+}
+
 void BuildLegend(Array1<double>& values, RetroVariable variable) {
     SortValues(values);
     ws.LegendLimits.ReDim(LegendLimitCount + 1);

@@ -12,9 +12,16 @@ namespace vastrel {
 /// The number of limits between the six classes of a statistic.
 constexpr int LegendLimitCount = 5;
 
-/// The colours of the classes 1 to 6, from strongly below to strongly above, on every map and legend.
+/// The colours of the classes 1 to 6, from strongly below to strongly above, on every map and legend of
+/// a statistic.
 inline constexpr std::array<Colour, 6> ClassColours = {0xFF0000, 0xFF8080, 0xFFC0C0,
                                                        0xC0C0FF, 0x8080FF, 0x0000FF};
+
+/// The local values that a single run maps: MapDrawScore or MapDrawM.
+const Array1<double>& MapDrawValues(RetroVariable variable);
+
+/// The local values that a single run's legend is built from, and sorts: MapClassScore or MapClassM.
+Array1<double>& MapClassValues(RetroVariable variable);
 
 /// Sorts `values` (1..NumRegion) ascending in place and takes the class limits of the statistic from them:
 /// LegendLimits, LegendWork, LegendMin and LegendMax, then the colours. The score variables have terciles of

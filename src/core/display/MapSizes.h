@@ -4,7 +4,8 @@
 
 namespace vastrel {
 
-/// The sizes with which the maps open.
+/// The sizes with which the maps open and are saved. The polygon window works out its own at each resize
+/// (frmPolygonSHP).
 inline SurfaceSize PolygonMapSurface() {
     return FramedSurface(5895, 4095);
 }

@@ -29,6 +29,11 @@ struct SurfaceSize {
     bool operator==(const SurfaceSize&) const = default;
 };
 
+/// A place on a surface in logical pixels, rounded nowhere.
+struct UnroundedPosition {
+    double X = 0, Y = 0;
+};
+
 /// The sizes of a surface of this outer size, which has a frame of two pixels on each side.
 SurfaceSize FramedSurface(float width, float height);
 

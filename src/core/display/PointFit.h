@@ -9,10 +9,6 @@ namespace vastrel {
 void FitPointView(PointView& view, const SurfaceSize& surface, const Array1<double>& x,
                   const Array1<double>& y);
 
-struct UnroundedPosition {
-    double X = 0, Y = 0;
-};
-
 UnroundedPosition PlotPositionOf(const PointView& view, double x, double y);
 
 /// Pairs (Region, distance to the click) for all points.

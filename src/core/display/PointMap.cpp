@@ -103,12 +103,4 @@ void PointMap::MarkPoint(PlotSurface& surface, std::ptrdiff_t position) {
     surface.Refresh();
 }
 
-const Array1<double>& MapDrawValues(RetroVariable variable) {
-    return MapsScore(variable) ? ws.MapDrawScore : ws.MapDrawM;
-}
-
-Array1<double>& MapClassValues(RetroVariable variable) {
-    return MapsScore(variable) ? ws.MapClassScore : ws.MapClassM;
-}
-
 } // namespace vastrel

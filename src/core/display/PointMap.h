@@ -58,10 +58,4 @@ private:
 /// The small box of a point: pen and fill as they stand.
 void DrawPointBox(PlotSurface& surface, const PointPosition& at, double halfWidth);
 
-/// The local values that a single run maps: MapDrawScore or MapDrawM.
-const Array1<double>& MapDrawValues(RetroVariable variable);
-
-/// The local values that a single run's legend is built from, and sorts: MapClassScore or MapClassM.
-Array1<double>& MapClassValues(RetroVariable variable);
-
 } // namespace vastrel

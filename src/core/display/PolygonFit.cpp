@@ -32,7 +32,7 @@ void FitPolygonView(PolygonMapView& view, const SurfaceSize& surface, const MapE
     view.MapShiftY = -(extent.YMax - extent.Height);
 }
 
-UnroundedPlotPosition UnroundedPosition(const PolygonMapView& view, double x, double y) {
+UnroundedPosition UnroundedPositionOf(const PolygonMapView& view, double x, double y) {
     const double up = view.MapScaleY * view.MapShiftY + view.MapScaleY * y;
     return {view.MapCentreX + view.PanDX + (view.MapScaleX * view.MapShiftX + view.MapScaleX * x),
             view.DrawnHeight - up + view.PanDY + view.MapCentreY};
@@ -40,7 +40,7 @@ UnroundedPlotPosition UnroundedPosition(const PolygonMapView& view, double x, do
 
 PlotPoint RoundedPosition(const PolygonMapView& view, double x, double y) {
     const std::int32_t up = RoundToInt32(view.MapScaleY * view.MapShiftY + view.MapScaleY * y);
-    return {RoundToInt32(UnroundedPosition(view, x, y).X),
+    return {RoundToInt32(UnroundedPositionOf(view, x, y).X),
             RoundToInt32(view.DrawnHeight - up + view.PanDY + view.MapCentreY)};
 }
 

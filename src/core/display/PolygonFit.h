@@ -22,12 +22,8 @@ enum class SettledPan { Included, LeftOut };
 void FitPolygonView(PolygonMapView& view, const SurfaceSize& surface, const MapExtent& extent,
                     SettledPan settledPan);
 
-struct UnroundedPlotPosition {
-    double X = 0, Y = 0;
-};
-
 /// The plot position of a map position, rounded nowhere.
-UnroundedPlotPosition UnroundedPosition(const PolygonMapView& view, double x, double y);
+UnroundedPosition UnroundedPositionOf(const PolygonMapView& view, double x, double y);
 
 /// The plot position in whole pixels. Its y is rounded twice, before and after the flip: vertices that two
 /// Regions share fall on the same pixel because the same arithmetic runs on both. Run-time error 6 outside

@@ -4,7 +4,7 @@
 #include "core/display/LegendClasses.h"
 #include "core/display/PolygonFit.h"
 #include "core/display/PolygonView.h"
-#include "core/display/ShapeWalk.h"
+#include "core/spatial/ShapeWalk.h"
 
 #include <functional>
 
@@ -89,7 +89,7 @@ void DrawCentroidPoints(PlotSurface& picSHP) {
     picSHP.SetLineWidth(3);
     for (std::int32_t i = 1; i <= ws.NumRegion; ++i) {
         const RegionPoint& centroid = ws.RegionCentroid(i);
-        const auto at = UnroundedPosition(ws.PolygonView, centroid.X, centroid.Y);
+        const auto at = UnroundedPositionOf(ws.PolygonView, centroid.X, centroid.Y);
         picSHP.Point(at.X, at.Y, Colours::Red);
     }
     picSHP.Refresh();

@@ -25,6 +25,8 @@
 //       for every panel of b, for every panel of a:   run the tile; it goes on from the sums of the last
 //       block
 //
+// The innermost loop is AddProducts in Tiles.cpp.
+//
 // At the right and lower edge a panel is filled up with copies of its last column or row. A tile then
 // computes some elements twice over and drops the copies; zeros in their place could raise faults (0 *
 // infinity) that the matrices do not hold.
@@ -93,8 +95,8 @@ private:
         for (Index j = j0; j < j1; j += tile_.Columns)
             for (Index i = rows.First; i < rows.Last; i += tile_.Rows) {
                 if (part_ == Part::UpperTriangle && j + tile_.Columns <= i) break;
-                const Panels panels{a.Panel(i - rows.First), b.Panel(j - j0), a.Spans(i - rows.First),
-                                    b.Spans(j - j0), depth};
+                const PanelPair panels{a.Panel(i - rows.First), b.Panel(j - j0), a.Spans(i - rows.First),
+                                       b.Spans(j - j0), depth};
                 const Index height = std::min(tile_.Rows, rows.Last - i);
                 const Index width = std::min(tile_.Columns, j1 - j);
                 double* sums = result_ + i * stride_ + j;
@@ -106,13 +108,13 @@ private:
     }
 
     /// The two panels of a tile.
-    struct Panels {
+    struct PanelPair {
         const double *A, *B;
         const Span *ASpans, *BSpans; // null where no step needs to be told from another
         Index Depth;
     };
 
-    void AddTile(const Panels& panels, double* sums, Index stride) const {
+    void AddTile(const PanelPair& panels, double* sums, Index stride) const {
         if (!panels.ASpans) {
             tile_.AddProducts(panels.A, panels.B, panels.Depth, sums, stride);
             return;
@@ -129,7 +131,7 @@ private:
     }
 
     /// A tile that reaches over the edge goes through a copy of its sums, filled up as the panels are.
-    void AddAtEdge(const Panels& panels, double* sums, Index height, Index width) const {
+    void AddAtEdge(const PanelPair& panels, double* sums, Index height, Index width) const {
         double copy[LargestTile];
         for (Index i = 0; i < tile_.Rows; ++i)
             for (Index j = 0; j < tile_.Columns; ++j)

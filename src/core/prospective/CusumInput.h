@@ -5,8 +5,9 @@
 
 namespace vastrel {
 
-// The three text files of a prospective run on points. Fields stand between commas; the first line alone
-// decides how many columns a file has; there is no header. The numbers of rows of the files are not compared.
+// The text files of a prospective run: three of one on points, and the z-scores of one on polygons. Fields
+// stand between commas; the first line alone decides how many columns a file has; there is no header. The
+// numbers of rows of the files are not compared.
 //
 // Each is read from a file that stands in memory, or by its path. A load that is refused shows its message
 // and gives false; an empty path is refused as a file that was not chosen. Run-time errors: those of

@@ -33,7 +33,7 @@ RetroLayout LocalLayout(bool score, bool twoIDs) {
 }
 
 void AppendLocalTable(Rows& rows, const char* title, RetroVariable variable, const RetroRules& rules) {
-    const RetroLayout layout = LocalLayout(MapsScore(variable), rules.ReadsSecondaryID && ws.bUseSecondaryID);
+    const RetroLayout layout = LocalLayout(MapsScore(variable), UsesTwoIDs(rules));
     const std::string dashes = Dashes(DashCount);
     rows.insert(rows.end(), {dashes, "", title, dashes, HeadingText(layout), dashes});
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)

@@ -4,6 +4,7 @@
 #include "core/retrospective/MStatistic.h"
 #include "core/retrospective/PValues.h"
 #include "core/retrospective/ResultLists.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/retrospective/Weights.h"
 #include "core/text/Numbers.h"
 #include "core/workspace/Workspace.h"

@@ -67,6 +67,11 @@ constexpr std::ptrdiff_t SweepTitleRows = 2;
 /// The step behind a row of lstGlobalPatternSummary; -1 for a heading or a row of dashes.
 std::ptrdiff_t SweepStepOfRow(std::ptrdiff_t row);
 
+/// The row of step k.
+constexpr std::ptrdiff_t RowOfSweepStep(std::ptrdiff_t k) {
+    return k + SweepTitleRows;
+}
+
 /// The captions of the two chart series: "Chi" and "Chi*", or "M" and "M*".
 const char* SweepStatCaption(RetroVariable variable);
 const char* SweepCriticalCaption(RetroVariable variable);

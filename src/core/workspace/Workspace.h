@@ -166,7 +166,7 @@ struct Workspace {
     double PreviousPeriodCount = 0;
     Array1<double> PreviousMaxCusum;
     double RunPeriodCount = 0;
-    Table<double> CusumValue; // (Region, period): lists, map (CusumMapValue) and file (CusumSaved) read it
+    Table<double> CusumValue; // (Region, period): lists, map and file read it
     Array1<double> MaxCusum;
     Array1<std::string> MaxRegion, RegionLabel;
     bool bCusumRun = false; // a run has begun: the map has cusum colours

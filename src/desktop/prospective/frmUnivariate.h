@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/prospective/PolygonDisplay.h"
+#include "core/prospective/PolygonPeriods.h"
 #include "core/prospective/PolygonSource.h"
 #include "desktop/prospective/CusumScreen.h"
 

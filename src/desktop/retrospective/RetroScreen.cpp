@@ -6,6 +6,7 @@
 #include "core/platform/Platform.h"
 #include "core/retrospective/RangeReport.h"
 #include "core/retrospective/ResultLists.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/retrospective/SingleReport.h"
 #include "core/retrospective/Sweep.h"
 #include "core/text/Numbers.h"

@@ -115,18 +115,18 @@ TEST(PolygonFit, RoundsYTwice) {
     view.DrawnHeight = 2.5;
     EXPECT_EQ(RoundedPosition(view, 0, 1.4).Y, 2);
     EXPECT_EQ(RoundedPosition(view, 0, 0.5).Y, 2);
-    EXPECT_DOUBLE_EQ(UnroundedPosition(view, 0, 1.4).Y, 1.1);
+    EXPECT_DOUBLE_EQ(UnroundedPositionOf(view, 0, 1.4).Y, 1.1);
     EXPECT_EQ(RoundedPosition(view, 0.5, 0).X, 0);
     EXPECT_EQ(RoundedPosition(view, 1.5, 0).X, 2);
     EXPECT_EQ(RoundedPosition(view, -0.5, 0).X, 0);
-    EXPECT_EQ(UnroundedPosition(view, 1.5, 0).X, 1.5);
+    EXPECT_EQ(UnroundedPositionOf(view, 1.5, 0).X, 1.5);
 }
 
 TEST(PolygonFit, AddsTheLastDragToEveryPosition) {
     const auto view = Fit(Wide, {100, 205, 10, 5, 1}, SettledPan::Included, Panned());
     EXPECT_EQ(RoundedPosition(view, 100, 200), (PlotPoint{50 + 8 + 3, 75 - 4 + 5}));
-    EXPECT_EQ(UnroundedPosition(view, 100.25, 200).X, 50 + 8 + 3 + 2.5);
-    EXPECT_EQ(UnroundedPosition(view, 100, 200.25).Y, 75 - 4 + 5 - 2.5);
+    EXPECT_EQ(UnroundedPositionOf(view, 100.25, 200).X, 50 + 8 + 3 + 2.5);
+    EXPECT_EQ(UnroundedPositionOf(view, 100, 200.25).Y, 75 - 4 + 5 - 2.5);
 }
 
 TEST(PolygonFit, OverflowsBeyond32Bits) {

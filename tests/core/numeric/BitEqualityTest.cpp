@@ -1,4 +1,4 @@
-#include "core/retrospective/RetroVariable.h"
+#include "core/retrospective/RetroProcedures.h"
 
 #include "core/display/PointMap.h"
 #include "core/platform/RunTimeError.h"

@@ -1,5 +1,6 @@
 #include "core/retrospective/SingleReport.h"
 
+#include "core/retrospective/RetroProcedures.h"
 #include "core/retrospective/Sweep.h"
 #include "core/text/TextFile.h"
 #include "core/workspace/Workspace.h"

@@ -3,6 +3,7 @@
 #include "core/numeric/Memory.h"
 #include "core/platform/RunTimeError.h"
 #include "core/retrospective/PValues.h"
+#include "core/retrospective/RetroProcedures.h"
 #include "core/workspace/Workspace.h"
 #include "support/RaisedError.h"
 #include "support/RetroData.h"

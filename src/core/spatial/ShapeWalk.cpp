@@ -1,4 +1,4 @@
-#include "core/display/ShapeWalk.h"
+#include "core/spatial/ShapeWalk.h"
 
 #include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
@@ -15,7 +15,6 @@ constexpr size_t PartCountPlace = 44;
 constexpr size_t PointCountPlace = 48;
 constexpr size_t PartsPlace = 52;
 constexpr std::int64_t PartSize = 4;
-constexpr std::int64_t PointSize = 16;
 
 class Walk {
 public:

@@ -1,4 +1,4 @@
-#include "core/prospective/PolygonDisplay.h"
+#include "core/prospective/PolygonPeriods.h"
 
 #include "core/prospective/CusumChart.h"
 #include "core/prospective/CusumRows.h"

@@ -1,4 +1,4 @@
-#include "core/prospective/PolygonDisplay.h"
+#include "core/prospective/PolygonPeriods.h"
 
 #include "core/prospective/CusumTestTables.h"
 #include "core/prospective/PolygonCusum.h"

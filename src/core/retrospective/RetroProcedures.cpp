@@ -1,4 +1,4 @@
-#include "core/retrospective/RetroVariable.h"
+#include "core/retrospective/RetroProcedures.h"
 
 #include "core/retrospective/MStatistic.h"
 #include "core/retrospective/ScoreStatistic.h"

@@ -1,4 +1,4 @@
-#include "core/display/ShapeWalk.h"
+#include "core/spatial/ShapeWalk.h"
 
 #include "support/PeakMemory.h"
 #include "support/PolygonFile.h"

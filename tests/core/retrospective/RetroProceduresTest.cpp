@@ -1,4 +1,4 @@
-#include "core/retrospective/RetroVariable.h"
+#include "core/retrospective/RetroProcedures.h"
 
 #include "core/workspace/Workspace.h"
 #include "support/RetroData.h"
