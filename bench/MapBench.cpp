@@ -51,7 +51,7 @@ public:
     void Refresh() override {}
 
 protected:
-    QPainter& Painter() override { return painter_; }
+    void Paint(const Stroke& stroke) override { stroke(painter_); }
 
 private:
     QImage image_;

@@ -21,6 +21,7 @@ public:
     void ShowMessage(const Message&) override {}
     FileChoice ChooseFile(const FileQuestion&) override { return {}; }
     void SetBusyPointer(bool) override {}
+    void DropInput() override {}
     void Yield(long) override {}
     void ReportRunTimeError(const RunTimeError&) override {}
     void EndProcess(int) override {}
