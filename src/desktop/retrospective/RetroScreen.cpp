@@ -1,5 +1,6 @@
 #include "desktop/retrospective/RetroScreen.h"
 
+#include "core/display/LegendClasses.h"
 #include "core/display/PointMap.h"
 #include "core/layer/RetroLayer.h"
 #include "core/platform/Computation.h"

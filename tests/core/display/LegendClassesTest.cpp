@@ -180,3 +180,13 @@ TEST(MLegendText, IsFixed) {
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(MLegendText(i), texts[i]);
 }
+
+TEST(MapValues, AreThoseOfTheVariable) {
+    ws = Workspace{};
+    EXPECT_EQ(&MapDrawValues(RetroVariable::Unadjusted), &ws.MapDrawScore);
+    EXPECT_EQ(&MapDrawValues(RetroVariable::AdjustedPoisson), &ws.MapDrawScore);
+    EXPECT_EQ(&MapDrawValues(RetroVariable::FreemanTukey), &ws.MapDrawM);
+    EXPECT_EQ(&MapDrawValues(RetroVariable::Rossi), &ws.MapDrawM);
+    EXPECT_EQ(&MapClassValues(RetroVariable::Unadjusted), &ws.MapClassScore);
+    EXPECT_EQ(&MapClassValues(RetroVariable::Rossi), &ws.MapClassM);
+}

@@ -134,13 +134,3 @@ TEST(StatisticSymbol, GrowsAwayFromZero) {
     }
     EXPECT_FALSE(StatisticSymbol(0)); // a box alone
 }
-
-TEST(PointMap, MapsTheValuesOfTheVariable) {
-    ws = Workspace{};
-    EXPECT_EQ(&MapDrawValues(RetroVariable::Unadjusted), &ws.MapDrawScore);
-    EXPECT_EQ(&MapDrawValues(RetroVariable::AdjustedPoisson), &ws.MapDrawScore);
-    EXPECT_EQ(&MapDrawValues(RetroVariable::FreemanTukey), &ws.MapDrawM);
-    EXPECT_EQ(&MapDrawValues(RetroVariable::Rossi), &ws.MapDrawM);
-    EXPECT_EQ(&MapClassValues(RetroVariable::Unadjusted), &ws.MapClassScore);
-    EXPECT_EQ(&MapClassValues(RetroVariable::Rossi), &ws.MapClassM);
-}
