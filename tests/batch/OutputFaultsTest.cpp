@@ -154,7 +154,7 @@ TEST(OutputFaults, ASignalAtABlockedPipeLeavesAllOld) {
     const auto result =
         RunShell("cd '" + folder.Path() + "'; mkfifo pipe; exec 3<>pipe\n" + // which nobody reads
                  Points() +
-                 "--from 0.1 --to 6 --step 0.05 --lists lists --json - >pipe &\n"
+                 "--variable freeman-tukey --from 0.1 --to 6 --step 0.05 --lists lists --json - >pipe &\n"
                  "for k in $(seq 200); do [ -e .lists~ ] && break; sleep 0.1; done\n"
                  "sleep 0.3; ls -A; kill -TERM $!; wait $!");
     EXPECT_EQ(result.Output, ".lists~\nlists\npipe\n") << result;
