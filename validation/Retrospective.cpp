@@ -174,8 +174,9 @@ std::string ShownValue(std::size_t value, double x) {
 void AddCriticalValues(const std::vector<Verdict>& verdicts, std::size_t value, long count, const Row& of,
                        Results& results) {
     const bool score = ValueNames()[value][0] == 'U';
+    const auto descending = Descending(verdicts, value, count);
     for (const double alpha : Alphas) {
-        const auto quantile = UpperQuantile(Descending(verdicts, value, count), alpha);
+        const auto quantile = UpperQuantile(descending, alpha);
         results.Add("critical-values.csv",
                     CaseHead + "sigma,statistic,measure,alpha,replications,value,lower,upper",
                     of + Row{ValueNames()[value], score ? "chi-squared p" : "largest M", Shown(alpha),
