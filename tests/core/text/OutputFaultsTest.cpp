@@ -1,6 +1,7 @@
 #include "core/text/OutputSet.h"
 
 #include "core/platform/RunTimeError.h"
+#include "support/FileSizeLimit.h"
 #include "support/SystemFaults.h"
 #include "support/TemporaryFolder.h"
 
@@ -11,7 +12,6 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <map>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -181,12 +181,10 @@ TEST_F(OutputFaults, ADiskThatIsFullAtAnyByteLeavesAllOld) {
 TEST_F(OutputFaults, ALimitOnTheSizeOfFilesIsAFullDisk) {
     for (rlim_t limit = 0; limit <= 20; ++limit) {
         const Scene scene;
-        rlimit before = {};
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit small = {limit, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small); // for the child to inherit
-        const int status = scene.StatusWith({});
-        setrlimit(RLIMIT_FSIZE, &before);
+        const int status = [&] {
+            const FileSizeLimit inherited(limit);
+            return scene.StatusWith({});
+        }();
         const bool enough = limit >= std::string("longer than before").size();
         EXPECT_EQ(status, enough ? NotReached : Failed) << limit;
         EXPECT_EQ(scene.Now(), enough ? new_ : old_) << limit;

@@ -1,33 +1,17 @@
 #pragma once
 
+#include "support/FileSizeLimit.h"
 #include "support/ScriptedPlatform.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sys/resource.h>
 
 namespace vastrel {
 
 constexpr long DiskFullError = 61;
 constexpr long PassedOver = 0;
-
-/// A disk without room for one more byte, for as long as it lives.
-class FullDisk {
-public:
-    FullDisk() {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit none = {0, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit before_{};
-};
 
 /// Saves by `save`, which asks for a file by this filter, over an old file on a full disk: that is told by
 /// this error, or passed over, and the old file stands whole with nothing beside it.
@@ -39,7 +23,7 @@ void ExpectOldFileOnAFullDisk(ScriptedPlatform& script, const char* filter, cons
     script.ExpectFile(FileQuestion::Kind::Save, filter, path);
     if (error != PassedOver) script.ExpectRunTimeError(error);
     {
-        const FullDisk full;
+        const FileSizeLimit full(0);
         save();
     }
     EXPECT_EQ(ReadFile(path), "what stood here");
