@@ -80,7 +80,7 @@ std::vector<std::string> Geometries(const Layer& layer) {
         return texts;
     }
     const int workers = WorkersFor(VertexCount(layer) * operationsOfAVertex);
-    RunRowWorkers(workers, EvenShares(regions), [&](RowRange range) {
+    RunRowWorkers(workers, regions, [&](RowRange range) {
         for (std::ptrdiff_t k = range.First; k < range.Last; ++k)
             texts[static_cast<size_t>(k)] = PolygonText(*layer.Polygons->Item(k + 1));
     });

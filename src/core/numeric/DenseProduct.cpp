@@ -44,7 +44,7 @@
 
 #include "core/numeric/Panels.h"
 #include "core/numeric/RowWorkers.h"
-#include "core/numeric/Tiles.h"
+#include "core/numeric/TileSteps.h"
 
 #include <algorithm>
 
@@ -54,80 +54,59 @@ namespace {
 
 using Index = std::ptrdiff_t;
 
-constexpr Index DepthBlock = 384; // as long as a panel of a fits the inner cache beside the running one of b
-constexpr Index RowBlock = 144;   // the packed piece of a fills half of a middle cache; whole tiles
-constexpr Index ColumnBlock = 1536; // the packed rows of b stay in the outer cache; whole tiles
+constexpr Index DepthBlock = DepthAtMost; // as long as a panel of a fits the inner cache
+constexpr Index RowsTogether = 24;        // whole tiles of every instruction set
+constexpr Index RowBlock = 96;            // the packed piece of a fills part of a middle cache
 
 enum class Part { Whole, UpperTriangle };
 
-/// The sums of some rows of the result.
-class RowSums {
+/// The sums of a result whose rows are shared out to a team.
+class SharedSums {
 public:
-    RowSums(const Operand& a, const Operand& b, Index depth, Part part, double* result, Index stride)
-        : a_(a), b_(b), depth_(depth), part_(part), result_(result), stride_(stride), tile_(ChosenTile()) {}
+    SharedSums(const Operand& a, const Operand& b, Index depth, Part part, double* result, Index stride)
+        : a_(a), b_(b), depth_(depth), part_(part), result_(result), stride_(stride), tile_(ChosenTile()),
+          panelsOfB_(std::min(depth_, DepthBlock), b_.Count, tile_.Columns, tile_) {}
 
-    void Compute(RowRange rows) const {
-        for (Index i = rows.First; i < rows.Last; ++i)
-            std::fill_n(result_ + i * stride_, b_.Count, 0.0);
-        const Index left = part_ == Part::Whole ? 0 : rows.First / tile_.Columns * tile_.Columns;
-        const Index depth = std::min(depth_, DepthBlock);
-        const bool spans = HasFaintProducts(SpanOfVectors(a_, rows.First, rows.Last, depth_),
-                                            SpanOfVectors(b_, left, b_.Count, depth_));
-        PanelBlock a(depth, std::min(rows.Last - rows.First, RowBlock), tile_.Rows, spans);
-        PanelBlock b(depth, std::min(b_.Count - left, ColumnBlock), tile_.Columns, spans);
-        for (Index j0 = left; j0 < b_.Count; j0 += ColumnBlock) {
-            const Index j1 = std::min(b_.Count, j0 + ColumnBlock);
-            for (Index k0 = 0; k0 < depth_; k0 += DepthBlock) {
-                const Index k1 = std::min(depth_, k0 + DepthBlock);
-                b.Pack(b_, j0, j1, k0, k1);
-                for (Index i0 = rows.First; i0 < rows.Last; i0 += RowBlock) {
-                    const Index i1 = std::min(rows.Last, i0 + RowBlock);
-                    a.Pack(a_, i0, i1, k0, k1);
-                    AddBlock({i0, i1}, j0, j1, k1 - k0, a, b);
-                }
-            }
+    /// What a member of the team does.
+    void Compute(Team& team) {
+        PanelBlock panelsOfA(std::min(depth_, DepthBlock), std::min(a_.Count, RowBlock), tile_.Rows, tile_);
+        team.Share(a_.Count, 1, a_.Count, [this](RowRange rows) {
+            for (Index i = rows.First; i < rows.Last; ++i)
+                std::fill_n(result_ + i * stride_, b_.Count, 0.0);
+        });
+        for (Index k0 = 0; k0 < depth_; k0 += DepthBlock) {
+            const Index k1 = std::min(depth_, k0 + DepthBlock);
+            team.Share(b_.Count, tile_.Columns, b_.Count, [&](RowRange columns) {
+                panelsOfB_.Pack(b_, {columns.First, columns.Last, k0, k1}, columns.First);
+            });
+            team.Share(a_.Count, RowsTogether, RowBlock, [&](RowRange rows) {
+                const Piece piece{rows.First, rows.Last, k0, k1};
+                if (part_ == Part::UpperTriangle)
+                    panelsOfA.Pack(panelsOfB_, piece);
+                else
+                    panelsOfA.Pack(a_, piece, 0);
+                AddBlock(rows, k1 - k0, panelsOfA);
+            });
         }
     }
 
 private:
-    void AddBlock(RowRange rows, Index j0, Index j1, Index depth, const PanelBlock& a,
-                  const PanelBlock& b) const {
-        for (Index j = j0; j < j1; j += tile_.Columns)
+    void AddBlock(RowRange rows, Index depth, const PanelBlock& panelsOfA) const {
+        const Index left = part_ == Part::Whole ? 0 : rows.First / tile_.Columns * tile_.Columns;
+        for (Index j = left; j < b_.Count; j += tile_.Columns)
             for (Index i = rows.First; i < rows.Last; i += tile_.Rows) {
                 if (part_ == Part::UpperTriangle && j + tile_.Columns <= i) break;
-                const PanelPair panels{a.Panel(i - rows.First), b.Panel(j - j0), a.Spans(i - rows.First),
-                                       b.Spans(j - j0), depth};
+                const Index inA = i - rows.First;
+                const PanelPair panels{panelsOfA.Panel(inA), panelsOfB_.Panel(j), panelsOfA.Spans(inA),
+                                       panelsOfB_.Spans(j), depth};
                 const Index height = std::min(tile_.Rows, rows.Last - i);
-                const Index width = std::min(tile_.Columns, j1 - j);
+                const Index width = std::min(tile_.Columns, b_.Count - j);
                 double* sums = result_ + i * stride_ + j;
                 if (height == tile_.Rows && width == tile_.Columns)
-                    AddTile(panels, sums, stride_);
+                    AddPanels(tile_, panels, sums, stride_);
                 else
                     AddAtEdge(panels, sums, height, width);
             }
-    }
-
-    /// The two panels of a tile.
-    struct PanelPair {
-        const double *A, *B;
-        const Span *ASpans, *BSpans; // null where no step needs to be told from another
-        Index Depth;
-    };
-
-    void AddTile(const PanelPair& panels, double* sums, Index stride) const {
-        if (!panels.ASpans) {
-            tile_.AddProducts(panels.A, panels.B, panels.Depth, sums, stride);
-            return;
-        }
-        for (Index k = 0, next = 0; k < panels.Depth; k = next) {
-            const auto stepAt = [&](Index at) { return StepOf(panels.ASpans[at], panels.BSpans[at]); };
-            const Step step = stepAt(k);
-            for (next = k + 1; next < panels.Depth && stepAt(next) == step;)
-                ++next;
-            if (step == Step::Void) continue;
-            const AddSteps add = step == Step::Faint ? tile_.AddFaintProducts : tile_.AddProducts;
-            add(panels.A + k * tile_.Rows, panels.B + k * tile_.Columns, next - k, sums, stride);
-        }
     }
 
     /// A tile that reaches over the edge goes through a copy of its sums, filled up as the panels are.
@@ -137,7 +116,7 @@ private:
             for (Index j = 0; j < tile_.Columns; ++j)
                 copy[i * tile_.Columns + j] =
                     sums[std::min(i, height - 1) * stride_ + std::min(j, width - 1)];
-        AddTile(panels, copy, tile_.Columns);
+        AddPanels(tile_, panels, copy, tile_.Columns);
         for (Index i = 0; i < height; ++i)
             std::copy_n(copy + i * tile_.Columns, width, sums + i * stride_);
     }
@@ -149,7 +128,22 @@ private:
     double* result_;
     Index stride_;
     const Tile& tile_;
+    PanelBlock panelsOfB_;
 };
+
+void Product(MatrixView a, MatrixView b, const Index* order, double* result, Index stride) {
+    const Operand rows{a.Data, a.Rows, a.Stride, 1, order};
+    const Operand columns{b.Data, b.Columns, 1, b.Stride, order};
+    SharedSums sums(rows, columns, b.Rows, Part::Whole, result, stride);
+    RunTeam(WorkersFor(2 * a.Rows * b.Columns * b.Rows), [&](Team& team) { sums.Compute(team); });
+}
+
+void Gram(MatrixView w, const Index* order, double* result, Index stride) {
+    const Operand columns{w.Data, w.Columns, 1, w.Stride, order};
+    SharedSums sums(columns, columns, w.Rows, Part::UpperTriangle, result, stride);
+    RunTeam(WorkersFor(w.Columns * w.Columns * w.Rows), [&](Team& team) { sums.Compute(team); });
+    MirrorUpperTriangle(result, w.Columns, stride);
+}
 
 /// Writes rows of the lower triangle from the upper one, in square blocks so that both stay in the cache.
 void MirrorRows(double* table, Index stride, RowRange rows) {
@@ -164,37 +158,38 @@ void MirrorRows(double* table, Index stride, RowRange rows) {
 } // namespace
 
 void DenseProduct(MatrixView a, MatrixView b, double* result, Index resultStride) {
-    const Operand rows{a.Data, a.Rows, a.Stride, 1};
-    const Operand columns{b.Data, b.Columns, 1, b.Stride};
-    const RowSums sums(rows, columns, b.Rows, Part::Whole, result, resultStride);
-    RunRowWorkers(WorkersFor(2 * a.Rows * b.Columns * b.Rows), EvenShares(a.Rows),
-                  [&](RowRange range) { sums.Compute(range); });
+    Product(a, b, nullptr, result, resultStride);
+}
+
+void DenseProduct(MatrixView a, MatrixView b, const VectorOrder& order, double* result, Index resultStride) {
+    Product(a, b, order.data(), result, resultStride);
 }
 
 void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal) {
     constexpr Index together = 8; // a cache line of b
     const Index count = std::min(a.Rows, b.Columns);
-    for (Index i0 = 0; i0 < count; i0 += together) {
-        const Index i1 = std::min(count, i0 + together);
-        std::fill(diagonal + i0, diagonal + i1, 0.0);
-        for (Index k = 0; k < b.Rows; ++k)
-            for (Index i = i0; i < i1; ++i)
-                diagonal[i] = diagonal[i] + b.Data[k * b.Stride + i] * a.Data[i * a.Stride + k];
-    }
+    const auto compute = [&](RowRange range) {
+        for (Index i0 = range.First; i0 < range.Last; i0 += together) {
+            const Index i1 = std::min(range.Last, i0 + together);
+            std::fill(diagonal + i0, diagonal + i1, 0.0);
+            for (Index k = 0; k < b.Rows; ++k)
+                for (Index i = i0; i < i1; ++i)
+                    diagonal[i] = diagonal[i] + b.Data[k * b.Stride + i] * a.Data[i * a.Stride + k];
+        }
+    };
+    RunTeam(WorkersFor(2 * count * b.Rows), [&](Team& team) { team.Share(count, together, count, compute); });
 }
 
 void DenseGram(MatrixView w, double* result, Index resultStride) {
-    const Index n = w.Columns;
-    const Operand columns{w.Data, n, 1, w.Stride};
-    const RowSums sums(columns, columns, w.Rows, Part::UpperTriangle, result, resultStride);
-    RunRowWorkers(WorkersFor(n * n * w.Rows), TriangleShares(n),
-                  [&](RowRange range) { sums.Compute(range); });
-    MirrorUpperTriangle(result, n, resultStride);
+    Gram(w, nullptr, result, resultStride);
+}
+
+void DenseGram(MatrixView w, const VectorOrder& order, double* result, Index resultStride) {
+    Gram(w, order.data(), result, resultStride);
 }
 
 void MirrorUpperTriangle(double* table, Index n, Index stride) {
-    RunRowWorkers(WorkersFor(n * n), EvenShares(n),
-                  [&](RowRange range) { MirrorRows(table, stride, range); });
+    RunRowWorkers(WorkersFor(n * n), n, [&](RowRange range) { MirrorRows(table, stride, range); });
 }
 
 } // namespace vastrel

@@ -3,12 +3,15 @@
 // gives the same bits.
 #pragma once
 
-#include "core/numeric/StepSpans.h"
+#include "core/numeric/FeltSteps.h"
 #include "core/numeric/Vectors.h"
 
 #include <cstddef>
 
 namespace vastrel {
+
+/// Factors of faint products stay below this power of two.
+constexpr int FaintLimit = 200;
 
 /// x * 2^300 for magnitudes below 2^FaintLimit, without a multiplication: one of a subnormal number would
 /// take the detour.
@@ -27,13 +30,14 @@ template <int Bytes>
     scaled = reinterpret_cast<Vector>((subnormal & isSubnormal) | ((bits + 300 * exponent) & ~isSubnormal));
 }
 
-/// The same sums where products may lie below the smallest normal number. The factors are scaled up, and an
-/// addition to `unit`, whose last place then is worth the smallest number there is, rounds a product as the
-/// processor would have: the last bits of that sum are the product. That is the one fused operation here; it
-/// keeps the product from being rounded twice. The magnitudes of the factors stay below 2^FaintLimit.
+/// Adds the products of one step where some may lie below the smallest normal number. The factors are scaled
+/// up, and an addition to `unit`, whose last place then is worth the smallest number there is, rounds a
+/// product as the processor would have: the last bits of that sum are the product. That is the one fused
+/// operation here; it keeps the product from being rounded twice. The magnitudes of the factors stay below
+/// 2^FaintLimit.
 template <int Bytes, int Rows, int Vectors>
-[[gnu::always_inline]] inline void AddFaintProducts(const double* a, const double* b, std::ptrdiff_t depth,
-                                                    double* result, std::ptrdiff_t stride) {
+[[gnu::always_inline]] inline void AddFaintProducts(const double* a, const double* b, const Span& spanOfB,
+                                                    double* sums, std::ptrdiff_t stride) {
     using Vector = typename VectorOf<Bytes>::Doubles;
     using Bits = typename VectorOf<Bytes>::Bits;
     using Unaligned = typename VectorOf<Bytes>::Unaligned;
@@ -42,30 +46,39 @@ template <int Bytes, int Rows, int Vectors>
     const Vector unit = Vector{} + 0x1p-422;
     const Bits sign = reinterpret_cast<Bits>(-Vector{});
 
-    for (std::ptrdiff_t k = 0; k < depth; ++k, a += Rows, b += Vectors * lanes) {
-        Vector factors, large[Vectors], magnitude[Vectors];
-        ScaleUp<Bytes>(a, factors);
+    Vector factors, large[Vectors], magnitude[Vectors];
+    ScaleUp<Bytes>(a, factors);
+#pragma GCC unroll 16
+    for (int v = 0; v < Vectors; ++v) {
+        ScaleUp<Bytes>(b + v * lanes, large[v]);
+        magnitude[v] = reinterpret_cast<Vector>(reinterpret_cast<Bits>(large[v]) & ~sign);
+    }
+    for (int i = 0; i < Rows; ++i) {
+        const Span spanOfA = SpanOf(a[i]);
+        if (AreVoid(spanOfA, spanOfB)) continue;
+        if (!HasFaintProducts(spanOfA, spanOfB)) {
+#pragma GCC unroll 16
+            for (int v = 0; v < Vectors; ++v)
+                *reinterpret_cast<Unaligned*>(sums + i * stride + v * lanes) =
+                    *reinterpret_cast<const Unaligned*>(sums + i * stride + v * lanes) +
+                    *reinterpret_cast<const Unaligned*>(b + v * lanes) * a[i];
+            continue;
+        }
 #pragma GCC unroll 16
         for (int v = 0; v < Vectors; ++v) {
-            ScaleUp<Bytes>(b + v * lanes, large[v]);
-            magnitude[v] = reinterpret_cast<Vector>(reinterpret_cast<Bits>(large[v]) & ~sign);
+            Vector rounded;
+            for (std::ptrdiff_t lane = 0; lane < lanes; ++lane)
+                rounded[lane] = __builtin_fma(magnitude[v][lane], __builtin_fabs(factors[i]), unit[lane]);
+            const Bits isFaint = rounded < unit + unit;
+            const Bits product = reinterpret_cast<Bits>(large[v] * factors[i]);
+            const Bits faint =
+                (product & sign) | (reinterpret_cast<Bits>(rounded) - reinterpret_cast<Bits>(unit));
+            const Vector other = reinterpret_cast<Vector>(product & ~isFaint) * 0x1p-600;
+            double* to = sums + i * stride + v * lanes;
+            *reinterpret_cast<Unaligned*>(to) =
+                *reinterpret_cast<const Unaligned*>(to) +
+                reinterpret_cast<Vector>((faint & isFaint) | reinterpret_cast<Bits>(other));
         }
-        for (int i = 0; i < Rows; ++i)
-#pragma GCC unroll 16
-            for (int v = 0; v < Vectors; ++v) {
-                Vector rounded;
-                for (std::ptrdiff_t lane = 0; lane < lanes; ++lane)
-                    rounded[lane] = __builtin_fma(magnitude[v][lane], __builtin_fabs(factors[i]), unit[lane]);
-                const Bits isFaint = rounded < unit + unit;
-                const Bits product = reinterpret_cast<Bits>(large[v] * factors[i]);
-                const Bits faint =
-                    (product & sign) | (reinterpret_cast<Bits>(rounded) - reinterpret_cast<Bits>(unit));
-                const Vector other = reinterpret_cast<Vector>(product & ~isFaint) * 0x1p-600;
-                double* to = result + i * stride + v * lanes;
-                *reinterpret_cast<Unaligned*>(to) =
-                    *reinterpret_cast<const Unaligned*>(to) +
-                    reinterpret_cast<Vector>((faint & isFaint) | reinterpret_cast<Bits>(other));
-            }
     }
 }
 

@@ -17,19 +17,9 @@ constexpr std::ptrdiff_t PowerCost = 60;
 constexpr std::ptrdiff_t ExponentialCost = 20;
 constexpr std::ptrdiff_t DivisionCost = 5;
 
-/// Rows 1..n of a table, split over the workers.
-void ForRows(std::ptrdiff_t n, std::ptrdiff_t costOfElement,
-             const std::function<void(std::ptrdiff_t i)>& row) {
-    RunRowWorkers(WorkersFor(n * n * costOfElement), EvenShares(n), [&](RowRange range) {
-        for (std::ptrdiff_t i = range.First + 1; i <= range.Last; ++i)
-            row(i);
-    });
-}
-
-/// The same where row i holds the pairs (i, j) with j above i.
-void ForRowsOfPairs(std::ptrdiff_t n, std::ptrdiff_t costOfPair,
-                    const std::function<void(std::ptrdiff_t i)>& row) {
-    RunRowWorkers(WorkersFor(PairDistances::Count(n) * costOfPair), TriangleShares(n), [&](RowRange range) {
+/// Rows 1..n of a table, shared out to the workers, where all of them together cost so many operations.
+void ForRows(std::ptrdiff_t n, std::ptrdiff_t operations, const std::function<void(std::ptrdiff_t i)>& row) {
+    RunRowWorkers(WorkersFor(operations), n, [&](RowRange range) {
         for (std::ptrdiff_t i = range.First + 1; i <= range.Last; ++i)
             row(i);
     });
@@ -56,7 +46,7 @@ void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistance
     }
     const double* x = distances.X.data();
     const double* y = distances.Y.data();
-    ForRowsOfPairs(n, 4 * PowerCost, [&](std::ptrdiff_t i) {
+    ForRows(n, PairDistances::Count(n) * 4 * PowerCost, [&](std::ptrdiff_t i) {
         double* squared = distances.PairsOf(i, n);
         for (std::ptrdiff_t j = i + 1; j <= n; ++j) {
             const double distance = Power(Power(x[i] - x[j], 2) + Power(y[i] - y[j], 2), 0.5);
@@ -70,7 +60,7 @@ void GaussianKernel(const PairDistances& distances, std::ptrdiff_t n, double are
     const double peak = 1 / (sigma * std::sqrt(NineDigitPi));
     const double sigmaSquared = Power(sigma, 2);
     const double spread = (sigmaSquared + sigmaSquared) * (area / static_cast<double>(n));
-    ForRowsOfPairs(n, ExponentialCost, [&](std::ptrdiff_t i) {
+    ForRows(n, PairDistances::Count(n) * ExponentialCost, [&](std::ptrdiff_t i) {
         const double* squared = distances.PairsOf(i, n);
         double* row = kernel.row(i);
         row[i] = peak;
@@ -91,7 +81,7 @@ void GaussianKernel(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area
 }
 
 void RowNormalise(Table<double>& kernel, std::ptrdiff_t n) {
-    ForRows(n, DivisionCost, [&](std::ptrdiff_t i) {
+    ForRows(n, n * n * DivisionCost, [&](std::ptrdiff_t i) {
         double* row = kernel.row(i);
         double sum = 0;
         for (std::ptrdiff_t j = 1; j <= n; ++j)
@@ -106,7 +96,7 @@ void ScaleGramByShares(const Table<double>& gram, const Array1<double>& shares, 
                        Table<double>& adjusted) {
     if (n > 0) (void)shares(n); // as many as there are Regions
     const double* p = shares.data();
-    ForRows(n, 2 * DivisionCost, [&](std::ptrdiff_t i) {
+    ForRows(n, n * n * 2 * DivisionCost, [&](std::ptrdiff_t i) {
         const double* from = gram.row(i - 1);
         double* to = adjusted.row(i - 1);
         for (std::ptrdiff_t j = 1; j <= n; ++j)
@@ -119,7 +109,7 @@ void ScaleColumnsByExpected(const Table<double>& weights, const Array1<double>& 
     Array1<double> root(n);
     for (std::ptrdiff_t j = 1; j <= n; ++j)
         root(j) = std::sqrt(expected(j));
-    ForRows(n, DivisionCost, [&, r = root.data()](std::ptrdiff_t i) {
+    ForRows(n, n * n * DivisionCost, [&, r = root.data()](std::ptrdiff_t i) {
         const double* from = weights.row(i);
         double* to = adjusted.row(i);
         for (std::ptrdiff_t j = 1; j <= n; ++j)

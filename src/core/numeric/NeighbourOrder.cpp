@@ -12,7 +12,7 @@ namespace vastrel {
 
 namespace {
 
-using Order = std::vector<std::ptrdiff_t>;
+using Order = VectorOrder;
 
 constexpr double StripWidth = 4; // in Regions: a tile of the dense product then covers about a square
 
@@ -23,21 +23,7 @@ void SortBy(double RegionPoint::*coordinate, const Array1<RegionPoint>& at, Orde
     });
 }
 
-/// Element (i, j) of `to` is element (row(i), order[j]) of `from`; all of them count from 0.
-template <typename Row>
-void TakeInOrder(const double* from, std::ptrdiff_t fromStride, const Order& order, Row row, double* to,
-                 std::ptrdiff_t toStride) {
-    const auto n = static_cast<std::ptrdiff_t>(order.size());
-    RunRowWorkers(WorkersFor(n * n), EvenShares(n), [&](RowRange rows) {
-        for (std::ptrdiff_t i = rows.First; i < rows.Last; ++i) {
-            const double* source = from + row(i) * fromStride;
-            std::transform(order.begin(), order.end(), to + i * toStride,
-                           [source](std::ptrdiff_t j) { return source[j]; });
-        }
-    });
-}
-
-/// Where each Region stands in an order; both count from 0.
+/// Where each of the vectors stands in an order.
 Order PlacesIn(const Order& order) {
     Order places(order.size());
     for (size_t place = 0; place < order.size(); ++place)
@@ -47,31 +33,28 @@ Order PlacesIn(const Order& order) {
 
 } // namespace
 
-std::vector<std::ptrdiff_t> NeighbourOrder(const Array1<RegionPoint>& at, std::ptrdiff_t n) {
+VectorOrder NeighbourOrder(const Array1<RegionPoint>& at, std::ptrdiff_t n) {
     Order order(static_cast<size_t>(n));
     std::iota(order.begin(), order.end(), 1);
     SortBy(&RegionPoint::X, at, order.begin(), order.end());
     const auto strip = static_cast<std::ptrdiff_t>(StripWidth * std::ceil(std::sqrt(n)));
     for (std::ptrdiff_t first = 0; first < n; first += strip)
         SortBy(&RegionPoint::Y, at, order.begin() + first, order.begin() + std::min(n, first + strip));
+    for (std::ptrdiff_t& region : order)
+        --region;
     return order;
 }
 
-void GramOfNeighbours(const Table<double>& w, const std::vector<std::ptrdiff_t>& order,
-                      Table<double>& columns, Table<double>& ordered, Table<double>& gram) {
+void PutBack(const Table<double>& ordered, const VectorOrder& order, Table<double>& table) {
     const auto n = static_cast<std::ptrdiff_t>(order.size());
-    if (n == 0) return;
-    Order fromZero = order;
-    for (std::ptrdiff_t& region : fromZero)
-        --region;
-    TakeInOrder(
-        w.row(1) + 1, w.stride(), fromZero, [](std::ptrdiff_t k) { return k; }, columns.row(1) + 1,
-        columns.stride());
-    DenseGram({columns.row(1) + 1, n, n, columns.stride()}, ordered.row(0), ordered.stride());
-    const Order places = PlacesIn(fromZero);
-    TakeInOrder(
-        ordered.row(0), ordered.stride(), places,
-        [&](std::ptrdiff_t i) { return places[static_cast<size_t>(i)]; }, gram.row(0), gram.stride());
+    const Order places = PlacesIn(order);
+    RunRowWorkers(WorkersFor(n * n), n, [&](RowRange rows) {
+        for (std::ptrdiff_t i = rows.First; i < rows.Last; ++i) {
+            const double* from = ordered.row(places[static_cast<size_t>(i)]);
+            std::transform(places.begin(), places.end(), table.row(i),
+                           [from](std::ptrdiff_t place) { return from[place]; });
+        }
+    });
 }
 
 } // namespace vastrel

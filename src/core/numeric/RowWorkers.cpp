@@ -4,8 +4,8 @@
 #include <atomic>
 #include <cfenv>
 #include <exception>
+#include <latch>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -21,19 +21,21 @@ std::atomic<int> forcedWorkers = 0;
 /// What the workers hand back to the caller.
 class Handback {
 public:
-    /// Runs a part of the work on this thread and collects its floating-point flags and its failure.
-    void Collect(const std::function<void()>& part) {
-        std::feclearexcept(FE_ALL_EXCEPT);
-        std::exception_ptr failure;
+    /// Runs a worker's part and keeps its failure.
+    void Run(const std::function<void()>& part) {
         try {
             part();
         } catch (...) {
-            failure = std::current_exception();
+            const std::lock_guard lock(mutex_);
+            if (!failure_) failure_ = std::current_exception();
         }
-        const int flags = std::fetestexcept(FE_ALL_EXCEPT);
-        const std::lock_guard lock(mutex_);
-        flags_ |= flags;
-        if (!failure_) failure_ = failure;
+    }
+
+    /// The same on a thread of its own, whose floating-point flags are kept too.
+    void RunApart(const std::function<void()>& part) {
+        std::feclearexcept(FE_ALL_EXCEPT);
+        Run(part);
+        flags_ |= std::fetestexcept(FE_ALL_EXCEPT);
     }
 
     void RaiseHere() {
@@ -43,30 +45,11 @@ public:
 
 private:
     std::mutex mutex_;
-    int flags_ = 0;
+    std::atomic<int> flags_ = 0;
     std::exception_ptr failure_;
 };
 
 } // namespace
-
-RowShare EvenShares(std::ptrdiff_t rows) {
-    return [rows](std::ptrdiff_t worker, std::ptrdiff_t workers) {
-        return RowRange{rows * worker / workers, rows * (worker + 1) / workers};
-    };
-}
-
-RowShare TriangleShares(std::ptrdiff_t rows) {
-    // The first r rows of n hold the part r (2n - r) / n^2 of the triangle.
-    return [n = rows](std::ptrdiff_t worker, std::ptrdiff_t workers) {
-        const auto rowsOfFirst = [=](std::ptrdiff_t part) {
-            std::ptrdiff_t r = 0;
-            while (r * (2 * n - r) * workers < n * n * part)
-                ++r;
-            return r;
-        };
-        return RowRange{rowsOfFirst(worker), rowsOfFirst(worker + 1)};
-    };
-}
 
 int WorkersFor(std::ptrdiff_t operations) {
     if (forcedWorkers > 0) return forcedWorkers;
@@ -78,22 +61,69 @@ void ForceWorkers(int workers) {
     forcedWorkers = workers;
 }
 
-void RunRowWorkers(int workers, const RowShare& share, const std::function<void(RowRange)>& work) {
+void Team::Meet(int members) {
+    members_ = members;
+    if (members > 1) meeting_.emplace(members, Begin{this});
+}
+
+void Team::Wait() {
+    if (meeting_)
+        meeting_->arrive_and_wait();
+    else
+        next_ = 0;
+}
+
+void Team::Leave() {
+    if (meeting_) meeting_->arrive_and_drop();
+}
+
+RowRange Team::Take(std::ptrdiff_t rows, std::ptrdiff_t together, std::ptrdiff_t atMost) {
+    constexpr std::ptrdiff_t pieces = 3; // for each member, of those rows that are left
+    std::ptrdiff_t first = next_;
+    for (;;) {
+        if (first >= rows) return {rows, rows};
+        const std::ptrdiff_t share = members_ == 1 ? rows : (rows - first) / (pieces * members_);
+        const std::ptrdiff_t count = std::min(share, atMost) / together * together;
+        const std::ptrdiff_t last = std::min(rows, first + std::max(count, together));
+        if (next_.compare_exchange_weak(first, last)) return {first, last};
+    }
+}
+
+void Team::Share(std::ptrdiff_t rows, std::ptrdiff_t together, std::ptrdiff_t atMost, const RowWork& work) {
+    for (RowRange range = Take(rows, together, atMost); range.First < range.Last;
+         range = Take(rows, together, atMost))
+        work(range);
+    Wait();
+}
+
+void RunTeam(int workers, const std::function<void(Team&)>& steps) {
     Handback handback;
+    Team team;
+    const auto part = [&] { steps(team); };
     {
-        std::vector<std::jthread> threads; // joined at the end of the block, however it is left
-        threads.reserve(static_cast<size_t>(workers));
-        for (int worker = 1; worker < workers; ++worker) {
-            const RowRange range = share(worker, workers);
-            try {
-                threads.emplace_back([&, range] { handback.Collect([&] { work(range); }); });
-            } catch (const std::system_error&) {
-                work(range); // no further thread to be had
-            }
+        std::latch complete(1);
+        std::vector<std::jthread> threads; // joined at the end of the block
+        try {
+            threads.reserve(static_cast<size_t>(workers));
+            for (int worker = 1; worker < workers; ++worker)
+                threads.emplace_back([&] {
+                    complete.wait();
+                    handback.RunApart(part);
+                    team.Leave();
+                });
+        } catch (const std::exception&) {
+            // No further thread to be had: the team is a smaller one.
         }
-        work(share(0, workers));
+        team.Meet(static_cast<int>(threads.size()) + 1);
+        complete.count_down();
+        handback.Run(part);
+        team.Leave();
     }
     handback.RaiseHere();
+}
+
+void RunRowWorkers(int workers, std::ptrdiff_t rows, const RowWork& work) {
+    RunTeam(workers, [&](Team& team) { team.Share(rows, 1, rows, work); });
 }
 
 } // namespace vastrel

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <atomic>
+#include <barrier>
 #include <cstddef>
 #include <functional>
+#include <optional>
 
 namespace vastrel {
 
@@ -11,15 +14,6 @@ struct RowRange {
     std::ptrdiff_t Last = 0;
 };
 
-/// The range of the rows that worker `worker` of `workers` takes.
-using RowShare = std::function<RowRange(std::ptrdiff_t worker, std::ptrdiff_t workers)>;
-
-/// Equal shares of `rows` rows.
-RowShare EvenShares(std::ptrdiff_t rows);
-
-/// Shares of about equal work in the rows of an upper triangle of `rows` rows, diagonal included.
-RowShare TriangleShares(std::ptrdiff_t rows);
-
 /// How many workers a computation of `operations` floating-point operations is worth: 1 for a small one, the
 /// processor's cores for a large one; always the forced number where one is set.
 int WorkersFor(std::ptrdiff_t operations);
@@ -28,11 +22,43 @@ int WorkersFor(std::ptrdiff_t operations);
 /// benchmarks.
 void ForceWorkers(int workers);
 
-/// Splits rows over `workers` threads and joins them before it returns; the caller is one of the workers.
-/// `work` computes the rows of a range and touches nothing that another range's work writes.
+using RowWork = std::function<void(RowRange)>;
+
+/// Some threads that go through the same steps.
+class Team {
+public:
+    /// One step: rows 0 .. rows - 1, shared out while they run, in multiples of `together` rows and at most
+    /// `atMost` at a time; smaller pieces towards the end, so that all are ready at about the same time.
+    /// Every member calls this, and none returns before all rows are done. `work` touches nothing that
+    /// another range's work writes.
+    void Share(std::ptrdiff_t rows, std::ptrdiff_t together, std::ptrdiff_t atMost, const RowWork& work);
+
+private:
+    friend void RunTeam(int workers, const std::function<void(Team&)>& steps);
+
+    struct Begin {
+        Team* Of;
+        void operator()() noexcept { Of->next_ = 0; }
+    };
+
+    void Meet(int members);
+    void Wait();
+    void Leave();
+    RowRange Take(std::ptrdiff_t rows, std::ptrdiff_t together, std::ptrdiff_t atMost);
+
+    int members_ = 0;
+    std::atomic<std::ptrdiff_t> next_ = 0;
+    std::optional<std::barrier<Begin>> meeting_; // none where one works alone
+};
+
+/// Runs the same steps on `workers` threads, fewer where no more are to be had, and joins them before it
+/// returns; the caller is one of them. A member whose steps throw leaves the team, and the others go on.
 ///
 /// Floating-point flags that a worker raises are raised in the caller; the first exception of a worker is
 /// thrown again there once all have ended.
-void RunRowWorkers(int workers, const RowShare& share, const std::function<void(RowRange)>& work);
+void RunTeam(int workers, const std::function<void(Team&)>& steps);
+
+/// A team with one step of `rows` rows.
+void RunRowWorkers(int workers, std::ptrdiff_t rows, const RowWork& work);
 
 } // namespace vastrel

@@ -1,6 +1,5 @@
-// Weights of distant Regions are tiny. The steps of a sum of products are told apart by the exponents of
-// their factors: those whose products all round to zero can be left out, and those that hold a product below
-// the smallest normal number go by another way (FaintProducts.h).
+// Weights of distant Regions are tiny. What a step of a sum of products can add is told by the exponents of
+// its factors, without a multiplication.
 #pragma once
 
 #include <algorithm>
@@ -10,43 +9,66 @@
 
 namespace vastrel {
 
-/// Factors of faint products stay below this power of two.
-constexpr int FaintLimit = 200;
-
-/// Bounds of the magnitudes of some numbers, zeros left out: 2^Least <= |x| < 2^Most. Where there are none
-/// but zeros, or infinities and NaNs, the bounds lie beyond every power.
+/// What is known of some numbers: 2^Least <= |x| < 2^Most, zeros left out, and which signs there are. Where
+/// there are none but zeros, or infinities and NaNs, the bounds lie beyond every power.
 struct Span {
     short Least = Beyond, Most = -Beyond;
+    bool Negative = false, Positive = false;
     static constexpr short Beyond = 10000;
 };
 
-inline Span SpanOf(const double* values, std::ptrdiff_t count) {
-    constexpr std::uint64_t magnitude = ~std::uint64_t{0} >> 1;
-    std::uint64_t leastLessOne = ~std::uint64_t{0}, most = 0;
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
-        const std::uint64_t bits = std::bit_cast<std::uint64_t>(values[i]) & magnitude;
-        leastLessOne = std::min(leastLessOne, bits - 1); // a zero turns into the greatest number
-        most = std::max(most, bits);
-    }
+/// The span of numbers of which the bits of the least magnitude that is not 0 and of the greatest one are
+/// given, as whole numbers.
+inline Span SpanOfBits(long long least, long long most, bool negative, bool positive) {
     if (most == 0) return {};
-    const auto exponent = [](std::uint64_t bits) {
-        return static_cast<short>(static_cast<int>(bits >> 52) - 1023);
-    };
-    const short least = exponent(leastLessOne + 1), greatest = exponent(most);
-    return {least == -1023 ? short{-1074} : least,
-            greatest == 1024 ? Span::Beyond : static_cast<short>(greatest + 1)};
+    constexpr int bias = 1023, special = 1024, digits = 52;
+    const auto exponent = [](long long bits) { return static_cast<short>((bits >> digits) - bias); };
+    const short lower = exponent(least), upper = exponent(most);
+    return {lower == -bias ? static_cast<short>(-bias - digits + 1) : lower,
+            upper == special ? Span::Beyond : static_cast<short>(upper + 1), negative, positive};
 }
 
-inline bool HasFaintProducts(const Span& a, const Span& b) {
-    return a.Least + b.Least < -1022;
+inline Span SpanOf(double number) {
+    const auto bits = std::bit_cast<long long>(number);
+    const long long size = bits & (~0ULL >> 1);
+    return SpanOfBits(size, size, bits<0, bits> 0);
 }
 
-/// What the products of a step are: too small to be felt, some below the smallest normal number, or neither.
-enum class Step { Void, Faint, Ordinary };
+/// Steps are told apart in groups, as many as a word has bits.
+constexpr std::ptrdiff_t GroupSteps = 64;
 
-inline Step StepOf(const Span& a, const Span& b) {
-    if (a.Most + b.Most <= -1075) return Step::Void; // each rounds to zero, and no sum stands at -0
-    return HasFaintProducts(a, b) && std::max(a.Most, b.Most) <= FaintLimit ? Step::Faint : Step::Ordinary;
-}
+/// Some steps of a group: bit k stands for step k.
+using StepSet = std::uint64_t;
+
+/// The spans of some steps taken together.
+struct StepsSpan {
+    Span Of;
+    short LeastMost = Span::Beyond; // the least of the steps' upper bounds
+
+    void Add(const StepsSpan& other) {
+        Of.Least = std::min(Of.Least, other.Of.Least);
+        Of.Most = std::max(Of.Most, other.Of.Most);
+        Of.Negative |= other.Of.Negative;
+        Of.Positive |= other.Of.Positive;
+        LeastMost = std::min(LeastMost, other.LeastMost);
+    }
+};
+
+/// The spans of a group of steps, and which of them have numbers of either sign.
+struct GroupSpan {
+    StepsSpan All;
+    StepSet Negative = 0, Positive = 0;
+};
+
+/// The spans of the steps of a panel, filled up to whole groups with steps that hold only zeros.
+struct PanelSpans {
+    const short *Least, *Most;
+    const GroupSpan* Groups;
+    const StepsSpan& All;
+};
+
+/// The steps of a group for which a + b is above or below a limit.
+StepSet StepsAbove(const short* a, const short* b, int limit);
+StepSet StepsBelow(const short* a, const short* b, int limit);
 
 } // namespace vastrel

@@ -4,6 +4,7 @@
 #include "core/numeric/Vectors.h"
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 
 namespace vastrel {
@@ -12,13 +13,12 @@ namespace {
 
 using Index = std::ptrdiff_t;
 
-/// Adds `depth` products to each of Rows x Vectors sums, vectors of Bytes each. `a` holds Rows elements for
-/// every k, `b` a row of the tile's width for every k.
-///
-/// This is the one body for all instruction sets: it is inlined into functions that carry their attribute.
+// These are the one body for all instruction sets: they are inlined into functions that carry the attribute.
+
+/// Adds the products of the felt steps to Rows x Vectors sums, vectors of Bytes each.
 template <int Bytes, int Rows, int Vectors>
-[[gnu::always_inline]] inline void AddProducts(const double* a, const double* b, Index depth, double* result,
-                                               Index stride) {
+[[gnu::always_inline]] inline void AddProducts(const double* a, const double* b, const StepSet* felt,
+                                               Index groups, double* sums, Index stride) {
     using Vector = typename VectorOf<Bytes>::Doubles;
     using Unaligned = typename VectorOf<Bytes>::Unaligned;
     constexpr Index lanes = VectorOf<Bytes>::Lanes;
@@ -28,52 +28,164 @@ template <int Bytes, int Rows, int Vectors>
     for (int i = 0; i < Rows; ++i)
 #pragma GCC unroll 16
         for (int v = 0; v < Vectors; ++v)
-            sum[i][v] = *reinterpret_cast<const Unaligned*>(result + i * stride + v * lanes);
-    // The next tile stands below this one; a prefetch past the end of the result does nothing.
+            sum[i][v] = *reinterpret_cast<const Unaligned*>(sums + i * stride + v * lanes);
+    // The tiles below this one come next; a prefetch past the end of the result does nothing.
     for (int i = Rows; i < 2 * Rows; ++i)
         for (int v = 0; v < Vectors; ++v)
-            __builtin_prefetch(result + i * stride + v * lanes);
-    for (Index k = 0; k < depth; ++k, a += Rows, b += Vectors * lanes)
+            __builtin_prefetch(sums + i * stride + v * lanes);
+    const auto add = [&sum](const double* row, const double* column) __attribute__((always_inline)) {
 #pragma GCC unroll 16
         for (int i = 0; i < Rows; ++i)
 #pragma GCC unroll 16
             for (int v = 0; v < Vectors; ++v)
-                sum[i][v] = sum[i][v] + *reinterpret_cast<const Unaligned*>(b + v * lanes) * a[i];
+                sum[i][v] = sum[i][v] + *reinterpret_cast<const Unaligned*>(column + v * lanes) * row[i];
+    };
+    for (Index group = 0; group < groups; ++group, a += GroupSteps * Rows, b += GroupSteps * Vectors * lanes)
+        if (felt[group] == ~StepSet{0})
+            for (Index k = 0; k < GroupSteps; ++k) {
+#pragma GCC unroll 16
+                for (int v = 0; v < Vectors; ++v)
+                    __builtin_prefetch(b + (k + 16) * Vectors * lanes + v * lanes);
+                add(a + k * Rows, b + k * Vectors * lanes);
+            }
+        else
+            for (StepSet left = felt[group]; left != 0; left &= left - 1) {
+                const Index k = std::countr_zero(left);
+                add(a + k * Rows, b + k * Vectors * lanes);
+            }
 #pragma GCC unroll 16
     for (int i = 0; i < Rows; ++i)
 #pragma GCC unroll 16
         for (int v = 0; v < Vectors; ++v)
-            *reinterpret_cast<Unaligned*>(result + i * stride + v * lanes) = sum[i][v];
+            *reinterpret_cast<Unaligned*>(sums + i * stride + v * lanes) = sum[i][v];
+}
+
+template <int Bytes, int Rows, int Vectors>
+[[gnu::always_inline]] inline SumSpan SpanOfSums(const double* sums, Index stride) {
+    using Bits = typename VectorOf<Bytes>::Bits;
+    using Unaligned = typename VectorOf<Bytes>::UnalignedBits;
+    constexpr Index lanes = VectorOf<Bytes>::Lanes;
+    constexpr long long magnitude = ~0ULL >> 1;
+
+    Bits least = Bits{} + magnitude, anySign{}, everySign = ~Bits{};
+#pragma GCC unroll 16
+    for (int i = 0; i < Rows; ++i)
+#pragma GCC unroll 16
+        for (int v = 0; v < Vectors; ++v) {
+            const Bits bits = *reinterpret_cast<const Unaligned*>(sums + i * stride + v * lanes);
+            const Bits size = bits & magnitude;
+            least = size < least ? size : least;
+            anySign |= bits;
+            everySign &= bits;
+        }
+    SumSpan span;
+    long long smallest = magnitude;
+    for (Index lane = 0; lane < lanes; ++lane) {
+        smallest = std::min<long long>(smallest, least[lane]);
+        span.Negative |= anySign[lane] < 0;
+        span.Positive |= everySign[lane] >= 0;
+    }
+    if (smallest >= 1LL << 52) span.Least = static_cast<short>((smallest >> 52) - 1023);
+    return span;
+}
+
+/// Every lane exchanged with the one so many lanes apart.
+template <int Bytes>
+[[gnu::always_inline]] inline void Exchange(const typename VectorOf<Bytes>::Bits& numbers, int apart,
+                                            typename VectorOf<Bytes>::Bits& exchanged) {
+    typename VectorOf<Bytes>::Bits partners;
+    for (int lane = 0; lane < VectorOf<Bytes>::Lanes; ++lane)
+        partners[lane] = lane ^ apart;
+    exchanged = __builtin_shuffle(numbers, partners);
+}
+
+template <int Bytes>
+[[gnu::always_inline]] inline long long LeastOfLanes(typename VectorOf<Bytes>::Bits numbers) {
+#pragma GCC unroll 4
+    for (int apart = VectorOf<Bytes>::Lanes / 2; apart > 0; apart /= 2) {
+        typename VectorOf<Bytes>::Bits others;
+        Exchange<Bytes>(numbers, apart, others);
+        numbers = others < numbers ? others : numbers;
+    }
+    return numbers[0];
+}
+
+/// SpanOf, a vector at a time. The numbers are compared by their bits, as whole numbers.
+template <int Bytes>
+[[gnu::always_inline]] inline Span SpanOfStep(const double* numbers, Index width) {
+    using Bits = typename VectorOf<Bytes>::Bits;
+    using Unaligned = typename VectorOf<Bytes>::UnalignedBits;
+    constexpr long long magnitude = ~0ULL >> 1;
+
+    // What is greatest is the least of the complements.
+    Bits leastSize = Bits{} + magnitude, mostSize = ~Bits{}, leastBits = leastSize, mostBits = leastSize;
+    for (Index x = 0; x < width; x += VectorOf<Bytes>::Lanes) {
+        const Bits bits = *reinterpret_cast<const Unaligned*>(numbers + x);
+        const Bits size = bits & magnitude;
+        const Bits unlessZero = size == 0 ? Bits{} + magnitude : size;
+        leastSize = unlessZero < leastSize ? unlessZero : leastSize;
+        mostSize = ~size < mostSize ? ~size : mostSize;
+        leastBits = bits < leastBits ? bits : leastBits;
+        mostBits = ~bits < mostBits ? ~bits : mostBits;
+    }
+    return SpanOfBits(LeastOfLanes<Bytes>(leastSize), ~LeastOfLanes<Bytes>(mostSize),
+                      LeastOfLanes<Bytes>(leastBits) < 0, ~LeastOfLanes<Bytes>(mostBits) > 0);
 }
 
 #if defined(__x86_64__)
-[[gnu::target("avx512f")]] void AddProductsAvx512(const double* a, const double* b, Index depth,
-                                                  double* result, Index stride) {
-    AddProducts<64, 8, 3>(a, b, depth, result, stride);
+[[gnu::target("avx512f")]] void AddProductsAvx512(const double* a, const double* b, const StepSet* felt,
+                                                  Index groups, double* sums, Index stride) {
+    AddProducts<64, 8, 3>(a, b, felt, groups, sums, stride);
 }
-[[gnu::target("avx512f")]] void AddFaintProductsAvx512(const double* a, const double* b, Index depth,
-                                                       double* result, Index stride) {
-    AddFaintProducts<64, 8, 3>(a, b, depth, result, stride);
+[[gnu::target("avx512f")]] void AddFaintProductsAvx512(const double* a, const double* b, const Span& spanOfB,
+                                                       double* sums, Index stride) {
+    AddFaintProducts<64, 8, 3>(a, b, spanOfB, sums, stride);
 }
-[[gnu::target("avx2")]] void AddProductsAvx2(const double* a, const double* b, Index depth, double* result,
-                                             Index stride) {
-    AddProducts<32, 4, 2>(a, b, depth, result, stride);
+[[gnu::target("avx512f")]] SumSpan SpanOfSumsAvx512(const double* sums, Index stride) {
+    return SpanOfSums<64, 8, 3>(sums, stride);
 }
-[[gnu::target("avx2,fma")]] void AddFaintProductsAvx2(const double* a, const double* b, Index depth,
-                                                      double* result, Index stride) {
-    AddFaintProducts<32, 4, 2>(a, b, depth, result, stride);
+[[gnu::target("avx512f")]] Span SpanOfStepAvx512(const double* numbers, Index width) {
+    return SpanOfStep<64>(numbers, width);
+}
+[[gnu::target("avx2")]] void AddProductsAvx2(const double* a, const double* b, const StepSet* felt,
+                                             Index groups, double* sums, Index stride) {
+    AddProducts<32, 4, 2>(a, b, felt, groups, sums, stride);
+}
+[[gnu::target("avx2,fma")]] void AddFaintProductsAvx2(const double* a, const double* b, const Span& spanOfB,
+                                                      double* sums, Index stride) {
+    AddFaintProducts<32, 4, 2>(a, b, spanOfB, sums, stride);
+}
+[[gnu::target("avx2")]] SumSpan SpanOfSumsAvx2(const double* sums, Index stride) {
+    return SpanOfSums<32, 4, 2>(sums, stride);
+}
+[[gnu::target("avx2")]] Span SpanOfStepAvx2(const double* numbers, Index width) {
+    return SpanOfStep<32>(numbers, width);
 }
 #endif
-void AddProductsBaseline(const double* a, const double* b, Index depth, double* result, Index stride) {
-    AddProducts<16, 4, 2>(a, b, depth, result, stride);
+void AddProductsBaseline(const double* a, const double* b, const StepSet* felt, Index groups, double* sums,
+                         Index stride) {
+    AddProducts<16, 4, 2>(a, b, felt, groups, sums, stride);
+}
+/// The processor's own way: these vectors have no fused operation to round with.
+void AddFaintProductsBaseline(const double* a, const double* b, const Span&, double* sums, Index stride) {
+    const StepSet first = 1;
+    AddProductsBaseline(a, b, &first, 1, sums, stride);
+}
+SumSpan SpanOfSumsBaseline(const double* sums, Index stride) {
+    return SpanOfSums<16, 4, 2>(sums, stride);
+}
+Span SpanOfStepBaseline(const double* numbers, Index width) {
+    return SpanOfStep<16>(numbers, width);
 }
 
 constexpr Tile Tiles[] = {
 #if defined(__x86_64__)
-    {InstructionSet::Avx512, 8, 24, AddProductsAvx512, AddFaintProductsAvx512},
-    {InstructionSet::Avx2, 4, 8, AddProductsAvx2, AddFaintProductsAvx2},
+    {InstructionSet::Avx512, 8, 24, AddProductsAvx512, AddFaintProductsAvx512, SpanOfSumsAvx512,
+     SpanOfStepAvx512},
+    {InstructionSet::Avx2, 4, 8, AddProductsAvx2, AddFaintProductsAvx2, SpanOfSumsAvx2, SpanOfStepAvx2},
 #endif
-    {InstructionSet::Baseline, 4, 4, AddProductsBaseline, AddProductsBaseline},
+    {InstructionSet::Baseline, 4, 4, AddProductsBaseline, AddFaintProductsBaseline, SpanOfSumsBaseline,
+     SpanOfStepBaseline},
 };
 
 static_assert(std::all_of(std::begin(Tiles), std::end(Tiles),

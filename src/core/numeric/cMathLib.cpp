@@ -1,5 +1,6 @@
 #include "core/numeric/cMathLib.h"
 
+#include "core/numeric/NeighbourOrder.h"
 #include "core/numeric/RunProcedure.h"
 #include "core/text/Numbers.h"
 
@@ -97,6 +98,19 @@ Table<double> cMathLib::Multiply(const Argument& Mat_1, const Argument& Mat_2) c
     return GuardedProduct(a, b, [&] {
         Table<double> result(a.Rows - 1, b.Columns - 1);
         DenseProduct(a, b, result.row(0), result.stride());
+        return result;
+    });
+}
+
+Table<double> ProductOfNeighbours(const cMathLib::Argument& Mat_1, const cMathLib::Argument& Mat_2,
+                                  const VectorOrder& order) {
+    const MatrixView &a = Mat_1.View, &b = Mat_2.View;
+    const auto n = static_cast<std::ptrdiff_t>(order.size());
+    if (a.Rows != n || b.Columns != n) return cMathLib().Multiply(Mat_1, Mat_2);
+    return GuardedProduct(a, b, [&] {
+        Table<double> ordered(n - 1, n - 1), result(n - 1, n - 1);
+        DenseProduct(a, b, order, ordered.row(0), ordered.stride());
+        PutBack(ordered, order, result);
         return result;
     });
 }

@@ -28,6 +28,11 @@ public:
     Table<double> Multiply(const Argument& Mat_1, const Argument& Mat_2) const;
 };
 
+/// What Multiply gives, and its errors, for square matrices whose rows and columns are worked out in an order
+/// of neighbours; where it is not an order of as many as there are, in their own.
+Table<double> ProductOfNeighbours(const cMathLib::Argument& Mat_1, const cMathLib::Argument& Mat_2,
+                                  const VectorOrder& order);
+
 /// The diagonal of Multiply as a column, for where nothing reads the rest; its errors are those of Multiply.
 Table<double> ProductDiagonal(const cMathLib::Argument& Mat_1, const cMathLib::Argument& Mat_2);
 

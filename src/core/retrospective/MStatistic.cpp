@@ -1,6 +1,7 @@
 #include "core/retrospective/MStatistic.h"
 
 #include "core/numeric/CountDeviations.h"
+#include "core/numeric/RowWorkers.h"
 #include "core/numeric/RunProcedure.h"
 #include "core/numeric/WeightedSum.h"
 #include "core/platform/Platform.h"
@@ -40,11 +41,15 @@ void Compute(const Transform& transform) {
     auto& scores = ws.*transform.Scores;
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
         scores(i) = transform.Score(ws.ObsCount(i), ws.ExpCount(i));
-    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i) {
-        const double m = WeightedSum(ws.WeightM.row(i), scores, ws.NumRegion);
-        for (auto* values : OutputsOfM())
-            (*values)(i) = m;
-    }
+    constexpr std::ptrdiff_t costOfElement = 5;
+    const std::ptrdiff_t n = ws.NumRegion;
+    RunRowWorkers(WorkersFor(n * n * costOfElement), n, [&](RowRange rows) {
+        for (std::ptrdiff_t i = rows.First + 1; i <= rows.Last; ++i) {
+            const double m = WeightedSum(ws.WeightM.row(i), scores, n);
+            for (auto* values : OutputsOfM())
+                (*values)(i) = m;
+        }
+    });
 }
 
 void RunTransform(const Transform& transform) {

@@ -71,6 +71,7 @@ void RunProcedures(RetroVariable variable) {
 } // namespace
 
 void RunSingleProcedures(RetroVariable variable) {
+    const TableMemoryScope scope;
     PrepareRun(variable);
     RunProcedures(variable);
 }

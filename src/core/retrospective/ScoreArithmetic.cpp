@@ -1,6 +1,7 @@
 #include "core/retrospective/ScoreArithmetic.h"
 
 #include "core/numeric/Power.h"
+#include "core/numeric/RowWorkers.h"
 #include "core/text/Numbers.h"
 
 #include <cmath>
@@ -23,13 +24,16 @@ LocalScore LocalScoreOf(const double* weights, const Array1<double>& observed, c
 
 Table<double> ShareCovariance(const Array1<double>& shares, std::ptrdiff_t n) {
     Table<double> covariance(n - 1, n - 1);
-    for (std::ptrdiff_t i = 0; i < n; ++i) {
-        const double p = shares(i + 1);
-        double* row = covariance.row(i);
-        for (std::ptrdiff_t j = 0; j < n; ++j)
-            row[j] = 0 - p * shares(j + 1);
-        row[i] = p - p * p;
-    }
+    if (n > 0) (void)shares(n); // as many as there are Regions
+    const double* p = shares.data() + 1;
+    RunRowWorkers(WorkersFor(2 * n * n), n, [&](RowRange rows) {
+        for (std::ptrdiff_t i = rows.First; i < rows.Last; ++i) {
+            double* row = covariance.row(i);
+            for (std::ptrdiff_t j = 0; j < n; ++j)
+                row[j] = 0 - p[i] * p[j];
+            row[i] = p[i] - p[i] * p[i];
+        }
+    });
     return covariance;
 }
 

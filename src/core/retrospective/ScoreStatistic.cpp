@@ -1,5 +1,7 @@
 #include "core/retrospective/ScoreStatistic.h"
 
+#include "core/numeric/NeighbourOrder.h"
+#include "core/numeric/RowWorkers.h"
 #include "core/numeric/RunProcedure.h"
 #include "core/numeric/cMathLib.h"
 #include "core/retrospective/ScoreArithmetic.h"
@@ -31,13 +33,20 @@ void ResetLocal(const ScoreVariant& variant) {
 }
 
 void ComputeLocal(const ScoreVariant& variant) {
-    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i) {
-        const auto [u, z] =
-            LocalScoreOf((ws.*variant.Weights).row(i), ws.ObsCount, ws.ExpCount, ws.TotalObs, ws.NumRegion);
-        for (auto* values : {&(ws.*variant.U), &ws.MapClassScore, &ws.MapDrawScore, &ws.DisplayClassValues,
-                             &ws.DisplayDrawValues})
-            (*values)(i) = u;
-        (ws.*variant.Z)(i) = z;
+    constexpr std::ptrdiff_t costOfElement = 20;
+    const std::ptrdiff_t n = ws.NumRegion;
+    RunRowWorkers(WorkersFor(n * n * costOfElement), n, [&](RowRange rows) {
+        for (std::ptrdiff_t i = rows.First + 1; i <= rows.Last; ++i) {
+            const auto [u, z] =
+                LocalScoreOf((ws.*variant.Weights).row(i), ws.ObsCount, ws.ExpCount, ws.TotalObs, n);
+            for (auto* values : {&(ws.*variant.U), &ws.MapClassScore, &ws.MapDrawScore,
+                                 &ws.DisplayClassValues, &ws.DisplayDrawValues})
+                (*values)(i) = u;
+            (ws.*variant.Z)(i) = z;
+        }
+    });
+    for (std::ptrdiff_t i = 1; i <= n; ++i) {
+        const double u = (ws.*variant.U)(i);
         ws.*variant.Global = ws.*variant.Global + u * u;
     }
 }
@@ -79,7 +88,10 @@ void ScoreMoments(const Table<double>& P) {
     RunProcedure(
         "ScoreMoments",
         [&P] {
-            const Table<double> A = cMathLib().Multiply(P, ShareCovariance(ws.ExpRatio, ws.NumRegion));
+            const std::ptrdiff_t n = ws.NumRegion;
+            const VectorOrder order =
+                ws.RegionCentroid.UpperBound() < n ? VectorOrder() : NeighbourOrder(ws.RegionCentroid, n);
+            const Table<double> A = ProductOfNeighbours(P, ShareCovariance(ws.ExpRatio, n), order);
             const Table<double> B = cMathLib().Multiply(A, A);
             const Table<double> C = ProductDiagonal(B, A);
             StoreMoments(MomentsOf(Trace(A), Trace(B), ColumnSum(C), ws.TotalObs));

@@ -127,6 +127,7 @@ bool Sweep(RetroVariable variable, const SweepTexts& texts, const RetroRules& ru
     if (ws.CurrentSigma == 0) ws.CurrentSigma = SigmaForZero;
     if (rules.TakesNumTextRegion) ws.NumRegion = RoundToInt32(ws.NumTextRegion);
     MakeRoom(variable, source.Computes);
+    const TableMemoryScope scope;
     platform().SetBusyPointer(true);
 
     const SweepLayout& layout = rules.SweepOf(variable);

@@ -54,9 +54,11 @@ void NormalisedKernel(Table<double>& weights, std::ptrdiff_t n) {
 
 void ComputeScoreWeights(std::ptrdiff_t n) {
     NormalisedKernel(ws.WeightUnadjusted, n);
-    // The adjusted tables are filled afterwards and lend their room.
-    GramOfNeighbours(ws.WeightUnadjusted, NeighbourOrder(ws.RegionCentroid, n), ws.WeightAdjusted,
-                     ws.ScoreGramAdjusted, ws.ScoreGramPlain);
+    const VectorOrder order = NeighbourOrder(ws.RegionCentroid, n);
+    Table<double>& ordered = ws.ScoreGramAdjusted; // filled afterwards, lends its room
+    const Table<double>& w = ws.WeightUnadjusted;
+    DenseGram({w.row(1) + 1, n, n, w.stride()}, order, ordered.row(0), ordered.stride());
+    PutBack(ordered, order, ws.ScoreGramPlain);
     ScaleGramByShares(ws.ScoreGramPlain, ws.ExpRatio, n, ws.ScoreGramAdjusted);
     ScaleColumnsByExpected(ws.WeightUnadjusted, ws.ExpCount, n, ws.WeightAdjusted);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/platform/RunTimeError.h"
+#include "core/workspace/TableMemory.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -11,11 +12,10 @@
 
 namespace vastrel {
 
-/// Memory for tables, aligned to 64 bytes: a cache line, and the widest vector register.
+/// The memory of tables for a container.
 template <typename T>
 struct AlignedAllocator {
     using value_type = T;
-    static constexpr std::align_val_t Alignment{64};
 
     AlignedAllocator() = default;
     template <typename U>
@@ -23,9 +23,9 @@ struct AlignedAllocator {
 
     T* allocate(size_t n) {
         if (n > static_cast<size_t>(-1) / sizeof(T)) throw std::bad_array_new_length();
-        return static_cast<T*>(::operator new(n * sizeof(T), Alignment));
+        return static_cast<T*>(TakeTableMemory(n * sizeof(T)));
     }
-    void deallocate(T* memory, size_t) { ::operator delete(memory, Alignment); }
+    void deallocate(T* memory, size_t n) { GiveTableMemory(memory, n * sizeof(T)); }
     bool operator==(const AlignedAllocator&) const { return true; }
 };
 

@@ -1,5 +1,6 @@
 #include "core/numeric/DenseProduct.h"
 
+#include "support/BitMatrices.h"
 #include "support/ForcedMachine.h"
 #include "support/PlainLoops.h"
 
@@ -11,6 +12,7 @@
 #include <cstring>
 #include <functional>
 #include <limits>
+#include <numeric>
 #include <random>
 
 using namespace vastrel;
@@ -67,62 +69,6 @@ private:
     std::uniform_real_distribution<double> uniform_{-1, 1};
 };
 
-// ---- Matrices
-
-constexpr double Untouched = 12345.678;
-
-/// A matrix inside a larger block, as the tables of the store hold theirs: one row and column in front, some
-/// more behind.
-struct Matrix {
-    Matrix(Index rows, Index columns)
-        : Rows(rows), Columns(columns), Stride(columns + 3),
-          Block(static_cast<size_t>((rows + 2) * Stride), Untouched) {}
-    Matrix(Index rows, Index columns, std::function<double()> draw) : Matrix(rows, columns) {
-        for (Index i = 0; i < rows; ++i)
-            std::generate_n(Data() + i * Stride, columns, std::ref(draw));
-    }
-
-    double* Data() { return Block.data() + Stride + 1; }
-    MatrixView View() const { return {Block.data() + Stride + 1, Rows, Columns, Stride}; }
-
-    /// Every bit of the block, the surroundings of the matrix included.
-    bool SameBits(const Matrix& other) const {
-        return Block.size() == other.Block.size() &&
-               std::memcmp(Block.data(), other.Block.data(), Block.size() * sizeof(double)) == 0;
-    }
-
-    Index Rows, Columns, Stride;
-    std::vector<double> Block;
-};
-
-// ---- Runs
-
-struct Outcome {
-    Matrix Result;
-    int Flags; // those of faults
-};
-
-Outcome Computed(Index rows, Index columns, const std::function<void(double*, Index)>& compute) {
-    Outcome outcome{Matrix(rows, columns), 0};
-    std::feclearexcept(FE_ALL_EXCEPT);
-    compute(outcome.Result.Data(), outcome.Result.Stride);
-    outcome.Flags = std::fetestexcept(FE_DIVBYZERO | FE_INVALID | FE_OVERFLOW);
-    std::feclearexcept(FE_ALL_EXCEPT);
-    return outcome;
-}
-
-/// The plain outcome against that of the product on every machine.
-void ExpectSameOutcome(const Outcome& plain, const std::function<void(double*, Index)>& fast,
-                       const std::vector<Machine>& machines = Machines()) {
-    for (const auto& machine : machines) {
-        SCOPED_TRACE(testing::Message() << machine);
-        const ForcedMachine forced(machine);
-        const Outcome product = Computed(plain.Result.Rows, plain.Result.Columns, fast);
-        EXPECT_TRUE(product.Result.SameBits(plain.Result));
-        EXPECT_EQ(product.Flags, plain.Flags);
-    }
-}
-
 void ExpectSameProduct(Index n, Index p, Index m, Values kind,
                        const std::vector<Machine>& machines = Machines()) {
     SCOPED_TRACE(testing::Message() << n << " x " << p << " x " << m << ", values "
@@ -167,16 +113,46 @@ TEST(DenseProduct, GramEqualsThePlainLoopsInEveryBitAndFault) {
 }
 
 TEST(DenseProduct, SumsGoOnFromBlockToBlock) {
-    // around one and two blocks of depth and of rows, and around the block of columns
+    // around one and two blocks of depth and of rows, and many columns
     for (const Values kind : AllValues) {
-        for (const Index depth : {383, 384, 385, 769})
+        for (const Index depth : {767, 768, 769, 1537})
             ExpectSameProduct(11, depth, 50, kind);
-        for (const Index rows : {143, 144, 145, 291})
+        for (const Index rows : {95, 96, 97, 291})
             ExpectSameProduct(rows, 7, 26, kind);
-        for (const Index columns : {1535, 1536, 1537, 3101})
+        for (const Index columns : {1537, 3101})
             ExpectSameProduct(9, 5, columns, kind);
         for (const Index size : {145, 251, 307})
-            ExpectSameGram(400, size, kind);
+            ExpectSameGram(800, size, kind);
+    }
+}
+
+TEST(DenseProduct, ResultsInAnOrderHoldTheSameElements) {
+    for (const Index size : {1, 5, 24, 61, 130}) {
+        VectorOrder order(static_cast<size_t>(size));
+        std::iota(order.begin(), order.end(), 0);
+        std::shuffle(order.begin(), order.end(), std::mt19937(7));
+        const Matrix a(size, size, Draw(Values::Wide, 1)), b(size, size, Draw(Values::Faint, 2));
+        const auto ordered = [&](auto plainOf) {
+            Matrix plain(size, size);
+            plainOf(plain.Data(), plain.Stride);
+            return Computed(size, size, [&](double* to, Index stride) {
+                for (Index i = 0; i < size; ++i)
+                    for (Index j = 0; j < size; ++j)
+                        to[i * stride + j] = plain.Data()[order[static_cast<size_t>(i)] * plain.Stride +
+                                                          order[static_cast<size_t>(j)]];
+            });
+        };
+        Outcome product =
+            ordered([&](double* to, Index stride) { PlainProduct(a.View(), b.View(), to, stride); });
+        ExpectSameOutcome(product, [&](double* to, Index stride) {
+            DenseProduct(a.View(), b.View(), order, to, stride);
+            std::feclearexcept(FE_ALL_EXCEPT);
+        });
+        Outcome gram = ordered([&](double* to, Index stride) { PlainGram(b.View(), to, stride); });
+        ExpectSameOutcome(gram, [&](double* to, Index stride) {
+            DenseGram(b.View(), order, to, stride);
+            std::feclearexcept(FE_ALL_EXCEPT);
+        });
     }
 }
 

@@ -97,3 +97,19 @@ TEST(cMathLib, CountsRowsInSixteenBits) {
     EXPECT_EQ(ErrorNumberOf([&] { cMathLib().Add(most, most); }), 0);
     EXPECT_EQ(ErrorNumberOf([&] { cMathLib().Add(tooMany, tooMany); }), 5022);
 }
+
+TEST(cMathLib, AProductOfNeighboursIsThatOfMultiply) {
+    Table<double> a(2, 2), b(2, 2), none, wide(2, 1);
+    for (std::ptrdiff_t i = 0; i <= 2; ++i)
+        for (std::ptrdiff_t j = 0; j <= 2; ++j) {
+            a(i, j) = 0.1 * static_cast<double>(3 * i + j + 1);
+            b(i, j) = 1.0 / static_cast<double>(3 * i - 5 * j + 1);
+        }
+    const Table<double> plain = cMathLib().Multiply(a, b);
+    for (const auto& order : {VectorOrder{0, 1, 2}, VectorOrder{2, 0, 1}, VectorOrder{1, 0}, VectorOrder{}})
+        EXPECT_EQ(ProductOfNeighbours(a, b, order), plain);
+    EXPECT_EQ(ErrorNumberOf([&] { ProductOfNeighbours(a, none, {0, 1, 2}); }), 5022);
+    EXPECT_EQ(ErrorNumberOf([&] { ProductOfNeighbours(wide, a, {0, 1, 2}); }), 5009);
+    a(1, 1) = b(1, 2) = 1e300;
+    EXPECT_EQ(ErrorNumberOf([&] { ProductOfNeighbours(a, b, {2, 0, 1}); }), 5022);
+}
