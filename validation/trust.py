@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes docs/trust.md, and its pictures, of the raw counts in validation/results.
 
-    trust.py [PICTURES_PROGRAM]     writes the page, and with the program the pictures
+    trust.py [PROGRAMS]             writes the page, and with the folder of the built programs the pictures
     trust.py --check                fails where the page is not the one of the counts
 """
 import subprocess
@@ -9,6 +9,7 @@ import sys
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent))
+import cluster_map
 import summary
 from counts import Counts, mean, rounded, share, share_of, table
 
@@ -263,10 +264,11 @@ def pictures():
     return charts
 
 
-def draw(program):
+def draw_charts(programs):
     for file, (title, first, second, rows) in pictures().items():
         lines = ["\t".join((title, first, second)), *("\t".join(map(str, row)) for row in rows)]
-        subprocess.run([program, PICTURES / file], input="\n".join(lines) + "\n", text=True, check=True)
+        subprocess.run([programs / "vastrel-validation-pictures", PICTURES / file], input="\n".join(lines) + "\n", text=True,
+                       check=True)
 
 
 # ---- The page
@@ -317,7 +319,9 @@ def main(arguments):
         return
     PAGE.write_text(page())
     if arguments:
-        draw(arguments[0])
+        programs = Path(arguments[0])
+        draw_charts(programs)
+        cluster_map.draw(programs, PICTURES / "trust-cluster.png")
 
 
 if __name__ == "__main__":
