@@ -1,5 +1,6 @@
 // What an analyst waits for in the retrospective test: sweeps over the default bandwidths, and the p-value.
 #include "Register.h"
+#include "core/numeric/RowWorkers.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/PValues.h"
 #include "core/retrospective/RetroProcedures.h"
@@ -65,12 +66,20 @@ constexpr NamedVariable Variables[] = {{"unadjusted", RetroVariable::Unadjusted}
                                        {"freeman-tukey", RetroVariable::FreemanTukey},
                                        {"rossi", RetroVariable::Rossi}};
 
-void Sweep(benchmark::State& state, RetroVariable variable, int n) {
+void Sweep(benchmark::State& state, RetroVariable variable, int n, int workers) {
     TakeSyntheticRegions(n);
+    ForceWorkers(workers);
     for (auto _ : state) {
         ws.Distances = {}; // a sweep on a dataset that was just opened
         RunSweep(variable, {"0.2", "2.0", "0.2"}, PolygonRules(), [](const std::string&) {});
     }
+    ForceWorkers(0);
+}
+
+void RegisterSweep(const NamedVariable& variable, int n, int workers, Length length) {
+    const std::string cores = workers == 0 ? "all" : std::to_string(workers);
+    Register("sweep/" + std::to_string(n) + "/" + variable.Name + "/" + cores, length,
+             [=](benchmark::State& state) { Sweep(state, variable.Variable, n, workers); });
 }
 
 /// One bandwidth of a dataset that was just opened, by the program and by the plain loops.
@@ -101,10 +110,13 @@ void PlainNormalP(benchmark::State& state) {
 }
 
 const bool registered = [] {
-    for (const int n : {1068, 3085})
-        for (const auto& [name, variable] : Variables)
-            Register("sweep/" + std::to_string(n) + "/" + name + "/all", Length::Long,
-                     [n = n, variable = variable](benchmark::State& state) { Sweep(state, variable, n); });
+    for (const auto& variable : Variables) {
+        for (const int n : {1068, 3085})
+            RegisterSweep(variable, n, 0, Length::Long);
+        RegisterSweep(variable, 6000, 0, Length::VeryLong);
+        for (const int n : {1068, 3085})
+            RegisterSweep(variable, n, 1, Length::VeryLong);
+    }
     for (const int n : {250, 500, 1000, 1500, 2000, 3085})
         Register("bandwidth/" + std::to_string(n) + "/adjusted/all", n < 1000 ? Length::Short : Length::Long,
                  [n](benchmark::State& state) { Bandwidth(state, n); });

@@ -20,25 +20,25 @@
 //             |    k    ===       |     height:       |  |    times one row of b
 //             '---------===-------'     middle cache -'--'-----------'
 //
-//   for every block of k, ascending:   pack b's rows of the block
-//     for every block of rows i:       pack a's piece
+//   for every block of k, ascending:   pack b's rows of the block, all threads together
+//     for every piece of rows i:       pack a's piece
 //       for every panel of b, for every panel of a:   run the tile; it goes on from the sums of the last
 //       block
 //
-// The innermost loop is AddProducts in Tiles.cpp.
+// The innermost loop is AddProducts in Tiles.cpp. The pieces of rows are taken by the threads as they become
+// free, since they differ in cost.
 //
 // At the right and lower edge a panel is filled up with copies of its last column or row. A tile then
 // computes some elements twice over and drops the copies; zeros in their place could raise faults (0 *
 // infinity) that the matrices do not hold.
 //
-// Weights of distant Regions are tiny. A product below the smallest normal number takes the processor a
-// detour of a hundred cycles and more, so the steps of a tile are told apart by the exponents of its panels:
-// those whose products all round to zero are left out, and those that hold such a product go by another way
-// to the same bits.
+// Weights of distant Regions are tiny, and most of their products are far too small to change the sums that
+// they are added to. What can be left out of a tile without a change of any bit is told by the exponents of
+// its panels and sums: FeltSteps.h, TileSteps.cpp.
 //
-// The rows of the result are split over threads; each packs for itself. Of the Gram matrix only tiles that
-// reach the diagonal or lie right of it are computed: a product has the same bits with its operands swapped,
-// so that the other half is a mirror image.
+// Of the Gram matrix only tiles that reach the diagonal or lie right of it are computed: a product has the
+// same bits with its operands swapped, so that the other half is a mirror image. Both operands are then the
+// same, and the panels of the one are taken from those of the other.
 
 #include "core/numeric/DenseProduct.h"
 
@@ -54,9 +54,9 @@ namespace {
 
 using Index = std::ptrdiff_t;
 
-constexpr Index DepthBlock = DepthAtMost; // as long as a panel of a fits the inner cache
-constexpr Index RowsTogether = 24;        // whole tiles of every instruction set
-constexpr Index RowBlock = 96;            // the packed piece of a fills part of a middle cache
+constexpr Index DepthBlock = DepthAtMost;
+constexpr Index RowsTogether = 24; // whole tiles of every instruction set
+constexpr Index RowBlock = 192;    // a packed piece of a of this many rows fits a middle cache
 
 enum class Part { Whole, UpperTriangle };
 

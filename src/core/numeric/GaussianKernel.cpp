@@ -3,6 +3,7 @@
 #include "core/numeric/DenseProduct.h"
 #include "core/numeric/Exponentials.h"
 #include "core/numeric/Power.h"
+#include "core/numeric/RowSums.h"
 #include "core/numeric/RowWorkers.h"
 #include "core/text/Numbers.h"
 
@@ -81,14 +82,15 @@ void GaussianKernel(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area
 }
 
 void RowNormalise(Table<double>& kernel, std::ptrdiff_t n) {
-    ForRows(n, n * n * DivisionCost, [&](std::ptrdiff_t i) {
+    const auto square = [](const double* row, std::ptrdiff_t j) { return row[j] * row[j]; };
+    const auto divide = [&](std::ptrdiff_t i, double sum) {
         double* row = kernel.row(i);
-        double sum = 0;
-        for (std::ptrdiff_t j = 1; j <= n; ++j)
-            sum = sum + row[j] * row[j];
         const double length = std::sqrt(sum);
         for (std::ptrdiff_t j = 1; j <= n; ++j)
             row[j] = row[j] / length;
+    };
+    RunTeam(WorkersFor(n * n * DivisionCost), [&](Team& team) {
+        team.Share(n, 8, n, [&](RowRange rows) { SumAlongRows(kernel, rows, n, square, divide); });
     });
 }
 

@@ -14,7 +14,7 @@ namespace {
 using Index = std::ptrdiff_t;
 
 constexpr Index GroupsAtMost = (DepthAtMost + GroupSteps - 1) / GroupSteps;
-constexpr int StepsAtMost = 10; // as a power of two
+constexpr int StepsAtMost = 9; // as a power of two
 static_assert(DepthAtMost <= 1 << StepsAtMost);
 
 using FeltSteps = std::array<StepSet, GroupsAtMost>;

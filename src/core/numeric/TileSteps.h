@@ -8,7 +8,7 @@
 namespace vastrel {
 
 /// The longest panels, in steps.
-constexpr std::ptrdiff_t DepthAtMost = 768;
+constexpr std::ptrdiff_t DepthAtMost = 512;
 
 /// The two panels of a tile: `Depth` steps, at most DepthAtMost.
 struct PanelPair {

@@ -96,7 +96,8 @@ Table<double> GuardedProduct(const MatrixView& a, const MatrixView& b, Compute c
 Table<double> cMathLib::Multiply(const Argument& Mat_1, const Argument& Mat_2) const {
     const MatrixView &a = Mat_1.View, &b = Mat_2.View;
     return GuardedProduct(a, b, [&] {
-        Table<double> result(a.Rows - 1, b.Columns - 1);
+        Table<double> result;
+        result.ReDimUnset(a.Rows - 1, b.Columns - 1);
         DenseProduct(a, b, result.row(0), result.stride());
         return result;
     });
@@ -108,7 +109,9 @@ Table<double> ProductOfNeighbours(const cMathLib::Argument& Mat_1, const cMathLi
     const auto n = static_cast<std::ptrdiff_t>(order.size());
     if (a.Rows != n || b.Columns != n) return cMathLib().Multiply(Mat_1, Mat_2);
     return GuardedProduct(a, b, [&] {
-        Table<double> ordered(n - 1, n - 1), result(n - 1, n - 1);
+        Table<double> ordered, result;
+        for (auto* table : {&ordered, &result})
+            table->ReDimUnset(n - 1, n - 1);
         DenseProduct(a, b, order, ordered.row(0), ordered.stride());
         PutBack(ordered, order, result);
         return result;

@@ -23,7 +23,8 @@ LocalScore LocalScoreOf(const double* weights, const Array1<double>& observed, c
 }
 
 Table<double> ShareCovariance(const Array1<double>& shares, std::ptrdiff_t n) {
-    Table<double> covariance(n - 1, n - 1);
+    Table<double> covariance;
+    covariance.ReDimUnset(n - 1, n - 1);
     if (n > 0) (void)shares(n); // as many as there are Regions
     const double* p = shares.data() + 1;
     RunRowWorkers(WorkersFor(2 * n * n), n, [&](RowRange rows) {

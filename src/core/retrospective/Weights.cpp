@@ -84,9 +84,9 @@ void BuildScoreWeights() {
     TakePointDataset();
     const std::ptrdiff_t n = Counter16(ws.NumRegion);
     for (auto* table : WeightTables())
-        table->ReDim(n, n);
+        table->ReDimUnset(n, n);
     for (auto* table : GramTables())
-        table->ReDim(n - 1, n - 1);
+        table->ReDimUnset(n - 1, n - 1);
     if (n == 0) return;
     RunProcedure(
         "BuildScoreWeights", [n] { ComputeScoreWeights(n); }, ZeroScoreWeights);
@@ -96,7 +96,7 @@ void BuildMWeights() {
     ws.WeightM.Clear();
     TakePointDataset();
     const std::ptrdiff_t n = Counter16(ws.NumRegion);
-    ws.WeightM.ReDim(n, n);
+    ws.WeightM.ReDimUnset(n, n);
     if (n == 0) return;
     RunProcedure(
         "BuildMWeights", [n] { NormalisedKernel(ws.WeightM, n); }, [] { ws.WeightM.SetZero(); });

@@ -8,6 +8,7 @@
 #include <new>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace vastrel {
@@ -26,6 +27,17 @@ struct AlignedAllocator {
         return static_cast<T*>(TakeTableMemory(n * sizeof(T)));
     }
     void deallocate(T* memory, size_t n) { GiveTableMemory(memory, n * sizeof(T)); }
+
+    /// An element that is given no value is left as it is.
+    template <typename U>
+    void construct(U* element) {
+        ::new (static_cast<void*>(element)) U;
+    }
+    template <typename U, typename... Values>
+    void construct(U* element, Values&&... values) {
+        ::new (static_cast<void*>(element)) U(std::forward<Values>(values)...);
+    }
+
     bool operator==(const AlignedAllocator&) const { return true; }
 };
 
@@ -95,6 +107,19 @@ public:
         values_.assign(static_cast<size_t>(n + 1) * static_cast<size_t>(m + 1), T{});
         rows_ = n + 1;
         columns_ = m + 1;
+    }
+    /// The same for a kernel that sets every element from index 1 on itself: only those of index 0 are zero.
+    void ReDimUnset(std::ptrdiff_t n, std::ptrdiff_t m) {
+        ReDim(-1, -1);
+        RequireBound(n);
+        RequireBound(m);
+        values_.resize(static_cast<size_t>(n + 1) * static_cast<size_t>(m + 1));
+        rows_ = n + 1;
+        columns_ = m + 1;
+        if (m < 0) return;
+        for (std::ptrdiff_t i = 0; i <= n; ++i)
+            values_[static_cast<size_t>(i * columns_)] = T{};
+        if (n >= 0) std::fill_n(values_.begin(), columns_, T{});
     }
     void Clear() {
         std::vector<T, AlignedAllocator<T>>().swap(values_);

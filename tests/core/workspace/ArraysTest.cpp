@@ -141,3 +141,28 @@ TEST(Table, HasNoElementWhereItsMemoryIsRefused) {
     EXPECT_FALSE(table.IsAllocated());
     EXPECT_EQ(ErrorNumberOf([&] { table(2, 2); }), SubscriptOutOfRange);
 }
+
+TEST(Table, UnsetOneIsZeroAtIndexZeroAndTakesElements) {
+    const TableMemoryScope scope;
+    for (const std::ptrdiff_t n : {3, 500}) {
+        Table<double> used(n, n);
+        used.SetZero();
+        for (std::ptrdiff_t i = 0; i <= n; ++i)
+            std::fill_n(used.row(i), n + 1, 7.0);
+        used.Clear();
+        Table<double> table;
+        table.ReDimUnset(n, n);
+        EXPECT_EQ(table.UpperBound1(), n);
+        EXPECT_EQ(table.UpperBound2(), n);
+        for (std::ptrdiff_t i = 0; i <= n; ++i) {
+            EXPECT_EQ(table(i, 0), 0);
+            EXPECT_EQ(table(0, i), 0);
+        }
+        table(n, n) = 5;
+        EXPECT_EQ(table(n, n), 5);
+    }
+    Table<double> none;
+    none.ReDimUnset(-1, -1);
+    EXPECT_FALSE(none.IsAllocated());
+    EXPECT_ANY_THROW(none.ReDimUnset(-2, 0));
+}
