@@ -15,7 +15,7 @@ struct Machine {
 
 std::ostream& operator<<(std::ostream& stream, const Machine& machine);
 
-/// This machine as it is, and every instruction set that it has with 1, 2 and 3 workers.
+/// This machine as it is, every instruction set that it has with 1, 2 and 3 workers, and the widest with 7.
 std::vector<Machine> Machines();
 
 /// Forces a machine for as long as it lives; what was forced for the whole test run comes back.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <iterator>
+#include <utility>
 
 namespace vastrel {
 
@@ -90,24 +91,24 @@ template <int Bytes, int Rows, int Vectors>
 }
 
 /// Every lane exchanged with the one so many lanes apart.
-template <int Bytes>
-[[gnu::always_inline]] inline void Exchange(const typename VectorOf<Bytes>::Bits& numbers, int apart,
+template <int Bytes, int Apart, int... Lane>
+[[gnu::always_inline]] inline void Exchange(const typename VectorOf<Bytes>::Bits& numbers,
+                                            std::integer_sequence<int, Lane...>,
                                             typename VectorOf<Bytes>::Bits& exchanged) {
-    typename VectorOf<Bytes>::Bits partners;
-    for (int lane = 0; lane < VectorOf<Bytes>::Lanes; ++lane)
-        partners[lane] = lane ^ apart;
-    exchanged = __builtin_shuffle(numbers, partners);
+    exchanged = __builtin_shufflevector(numbers, numbers, (Lane ^ Apart)...);
 }
 
-template <int Bytes>
-[[gnu::always_inline]] inline long long LeastOfLanes(typename VectorOf<Bytes>::Bits numbers) {
-#pragma GCC unroll 4
-    for (int apart = VectorOf<Bytes>::Lanes / 2; apart > 0; apart /= 2) {
+/// The least number of lanes 0 to 2 * Apart - 1, where the others hold the same again.
+template <int Bytes, int Apart = static_cast<int>(VectorOf<Bytes>::Lanes / 2)>
+[[gnu::always_inline]] inline long long LeastOfLanes(const typename VectorOf<Bytes>::Bits& numbers) {
+    if constexpr (Apart == 0) {
+        return numbers[0];
+    } else {
         typename VectorOf<Bytes>::Bits others;
-        Exchange<Bytes>(numbers, apart, others);
-        numbers = others < numbers ? others : numbers;
+        Exchange<Bytes, Apart>(
+            numbers, std::make_integer_sequence<int, static_cast<int>(VectorOf<Bytes>::Lanes)>{}, others);
+        return LeastOfLanes<Bytes, Apart / 2>(others < numbers ? others : numbers);
     }
-    return numbers[0];
 }
 
 /// SpanOf, a vector at a time. The numbers are compared by their bits, as whole numbers.

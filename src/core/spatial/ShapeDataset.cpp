@@ -64,8 +64,6 @@ void TakePoints(CShapeFile& file) {
         ws.ShpPoints.Add(std::static_pointer_cast<CPoint>(file.Item(i)));
 }
 
-constexpr std::int64_t PartIndexSize = 4; // in the file
-
 std::int64_t SizeInFile(const CMultiPoint& shape) {
     return PointSize * shape.Count();
 }

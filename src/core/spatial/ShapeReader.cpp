@@ -17,12 +17,6 @@ namespace vastrel {
 
 namespace {
 
-// Places inside the contents of a record.
-constexpr std::int64_t TypeSize = 4;
-constexpr std::int64_t BoxSize = 32;
-constexpr std::int64_t PartsPlace = TypeSize + BoxSize + 8;       // behind NumParts and NumPoints
-constexpr std::int64_t MultiPointsPlace = TypeSize + BoxSize + 4; // behind NumPoints
-
 CPoint PointAt(const char* bytes, const std::string& place) {
     return {FiniteCoordinate(NumberAt<double>(bytes), place),
             FiniteCoordinate(NumberAt<double>(bytes + 8), place)};
@@ -129,12 +123,12 @@ std::shared_ptr<IShape> ShapeReader::ReadParts(std::int32_t index, const Sources
     const std::int64_t contents = *ContentsOf(index, sources);
     char head[PartsPlace];
     mainFile_.Read(contents, head, sizeof head, place_);
-    const auto partCount = NumberAt<std::int32_t>(head + TypeSize + BoxSize);
-    const auto pointCount = NumberAt<std::int32_t>(head + TypeSize + BoxSize + 4);
+    const auto partCount = NumberAt<std::int32_t>(head + PartCountPlace);
+    const auto pointCount = NumberAt<std::int32_t>(head + PointCountPlace);
     CheckCount(partCount, place_);
     CheckCount(pointCount, place_);
 
-    const std::int64_t partsSize = 4 * std::int64_t{partCount};
+    const std::int64_t partsSize = PartIndexSize * partCount;
     const char* point = ReadPoints(contents + PartsPlace, partsSize, pointCount);
     std::vector<std::int32_t> firsts(static_cast<size_t>(partCount) + 1, pointCount);
     std::copy_n(bytes_.data(), partsSize, reinterpret_cast<char*>(firsts.data()));
@@ -181,7 +175,7 @@ std::shared_ptr<IShape> ShapeReader::ReadMultiPoint(std::int32_t index) {
                        FileName(indexFile_.Path()) + " ends before " + IndexRecord(index) + " does.");
     char head[MultiPointsPlace];
     mainFile_.Read(contents, head, sizeof head, place_);
-    const auto pointCount = NumberAt<std::int32_t>(head + TypeSize + BoxSize);
+    const auto pointCount = NumberAt<std::int32_t>(head + MultiPointCountPlace);
     CheckCount(pointCount, place_);
     const char* point = ReadPoints(contents + MultiPointsPlace, 0, pointCount);
     auto shape = std::make_shared<CMultiPoint>();

@@ -10,11 +10,7 @@ namespace vastrel {
 
 namespace {
 
-// Places inside a record, header included.
-constexpr size_t PartCountPlace = 44;
-constexpr size_t PointCountPlace = 48;
-constexpr size_t PartsPlace = 52;
-constexpr std::int64_t PartSize = 4;
+constexpr std::int64_t HeadSize = RecordHeaderSize + PartsPlace; // of a record, its header included
 
 class Walk {
 public:
@@ -33,14 +29,14 @@ public:
 private:
     /// Reads the record at a position and gives the position behind it.
     std::int64_t TakeRecord(std::int64_t position) {
-        char head[PartsPlace];
+        char head[HeadSize];
         file_.Read(position, head, sizeof head, place_);
-        partCount_ = NumberAt<std::int32_t>(head + PartCountPlace);
-        pointCount_ = NumberAt<std::int32_t>(head + PointCountPlace);
+        partCount_ = NumberAt<std::int32_t>(head + RecordHeaderSize + PartCountPlace);
+        pointCount_ = NumberAt<std::int32_t>(head + RecordHeaderSize + PointCountPlace);
         if (partCount_ < 0 || pointCount_ < 0)
             RaiseCustomary(SubscriptOutOfRange, "WalkRings", place_ + " has a negative count.");
-        position += PartsPlace;
-        const std::int64_t size = PartSize * partCount_ + PointSize * pointCount_;
+        position += HeadSize;
+        const std::int64_t size = PartIndexSize * partCount_ + PointSize * pointCount_;
         if (size > file_.Size() - position) // before memory is taken
             RaiseCustomary(InputPastEndOfFile, "WalkRings",
                            FileName(path_) + " ends before " + place_ + " does.");
@@ -73,12 +69,13 @@ private:
 
     /// The index of a part's first point; behind the last part the number of points.
     std::int32_t FirstPoint(std::int32_t part) const {
-        return part == partCount_ ? pointCount_ : NumberAt<std::int32_t>(bytes_.data() + PartSize * part);
+        return part == partCount_ ? pointCount_
+                                  : NumberAt<std::int32_t>(bytes_.data() + PartIndexSize * part);
     }
 
     void TakeRing(std::int32_t first, std::int32_t end) {
         ring_.clear();
-        const char* points = bytes_.data() + PartSize * partCount_;
+        const char* points = bytes_.data() + PartIndexSize * partCount_;
         for (std::int32_t k = first; k < end; ++k) {
             const char* point = points + PointSize * k;
             ring_.push_back({FiniteCoordinate(NumberAt<double>(point), place_),

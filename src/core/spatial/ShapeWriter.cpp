@@ -10,8 +10,6 @@ namespace vastrel {
 
 namespace {
 
-constexpr size_t HeadSize = 44; // type, box, count of parts and of points
-
 void AppendPoint(std::string& bytes, const CPoint& point) {
     AppendDouble(bytes, point.X);
     AppendDouble(bytes, point.Y);
@@ -30,7 +28,7 @@ std::string PartsContents(ShapeType type, const Shape& shape) {
         AppendInteger(firsts, pointCount);
         pointCount += part.Count();
     }
-    bytes.reserve(HeadSize + firsts.size() + static_cast<size_t>(pointCount * PointSize));
+    bytes.reserve(firsts.size() + static_cast<size_t>(PartsPlace + pointCount * PointSize));
     AppendInteger(bytes, type);
     AppendBox(bytes, shape);
     AppendInteger(bytes, shape.Count());

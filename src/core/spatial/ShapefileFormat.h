@@ -18,7 +18,17 @@ constexpr std::int32_t ShapefileCode = 9994;
 constexpr std::int32_t ShapefileVersion = 1000;
 constexpr size_t MainHeaderSize = 100;
 constexpr size_t RecordHeaderSize = 8;
-constexpr std::int64_t PointSize = 16; // x and y
+constexpr std::int64_t PointSize = 16;    // x and y
+constexpr std::int64_t PartIndexSize = 4; // the first point of a part
+
+// Places inside the contents of a record: type, box, and the numbers of parts and points.
+constexpr std::int64_t TypeSize = 4;
+constexpr std::int64_t BoxSize = 32;
+constexpr std::int64_t PartCountPlace = TypeSize + BoxSize;
+constexpr std::int64_t PointCountPlace = PartCountPlace + 4;
+constexpr std::int64_t PartsPlace = PointCountPlace + 4;
+constexpr std::int64_t MultiPointCountPlace = TypeSize + BoxSize; // without parts
+constexpr std::int64_t MultiPointsPlace = MultiPointCountPlace + 4;
 
 /// Type codes of files and records.
 enum ShapeType : std::int32_t {
