@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace vastrel {
 
@@ -30,7 +31,7 @@ inline Span SpanOfBits(long long least, long long most, bool negative, bool posi
 
 inline Span SpanOf(double number) {
     const auto bits = std::bit_cast<long long>(number);
-    const long long size = bits & (~0ULL >> 1);
+    const long long size = bits & std::numeric_limits<long long>::max();
     return SpanOfBits(size, size, bits<0, bits> 0);
 }
 

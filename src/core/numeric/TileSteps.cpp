@@ -96,12 +96,12 @@ private:
         StepSet faint =
             felt & StepsBelow(panels_.ASpans.Least + first, panels_.BSpans.Least + first, SmallestNormal);
         while (felt != 0) {
-            const StepSet before = felt & ((faint & -faint) - 1);
-            if (before != 0) Run(group, &before, 1);
-            felt ^= before;
-            if (faint == 0) return;
+            if (faint == 0) return Run(group, &felt, 1);
             const Index k = std::countr_zero(faint);
             const StepSet step = StepSet{1} << k;
+            const StepSet before = felt & (step - 1);
+            if (before != 0) Run(group, &before, 1);
+            felt ^= before;
             if (std::max(aMost[k], bMost[k]) <= FaintLimit)
                 tile_.AddFaintProducts(A(first + k), B(first + k), SpanOfBAt(first + k), sums_, stride_);
             else

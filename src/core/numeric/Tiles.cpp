@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace vastrel {
@@ -66,7 +67,7 @@ template <int Bytes, int Rows, int Vectors>
     using Bits = typename VectorOf<Bytes>::Bits;
     using Unaligned = typename VectorOf<Bytes>::UnalignedBits;
     constexpr Index lanes = VectorOf<Bytes>::Lanes;
-    constexpr long long magnitude = ~0ULL >> 1;
+    constexpr long long magnitude = std::numeric_limits<long long>::max();
 
     Bits least = Bits{} + magnitude, anySign{}, everySign = ~Bits{};
 #pragma GCC unroll 16
@@ -116,7 +117,7 @@ template <int Bytes>
 [[gnu::always_inline]] inline Span SpanOfStep(const double* numbers, Index width) {
     using Bits = typename VectorOf<Bytes>::Bits;
     using Unaligned = typename VectorOf<Bytes>::UnalignedBits;
-    constexpr long long magnitude = ~0ULL >> 1;
+    constexpr long long magnitude = std::numeric_limits<long long>::max();
 
     // What is greatest is the least of the complements.
     Bits leastSize = Bits{} + magnitude, mostSize = ~Bits{}, leastBits = leastSize, mostBits = leastSize;
