@@ -90,8 +90,8 @@ void PanelBlock::TakeSpans(Index panel, Index steps) {
             least_[static_cast<size_t>(at * GroupSteps + k)] = span.Least;
             most_[static_cast<size_t>(at * GroupSteps + k)] = span.Most;
             if (isThere) ofGroup.All.Add({span, span.Most});
-            ofGroup.Negative |= StepSet{span.Negative} << k;
-            ofGroup.Positive |= StepSet{span.Positive} << k;
+            ofGroup.Negative |= StepSet{span.Negative ? 1U : 0U} << k;
+            ofGroup.Positive |= StepSet{span.Positive ? 1U : 0U} << k;
         }
         spansOfGroups_[static_cast<size_t>(at)] = ofGroup;
         ofPanel.Add(ofGroup.All);

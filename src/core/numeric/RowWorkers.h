@@ -38,7 +38,7 @@ private:
 
     struct Begin {
         Team* Of;
-        void operator()() noexcept { Of->next_ = 0; }
+        void operator()() const noexcept { Of->next_ = 0; }
     };
 
     void Meet(int members);
