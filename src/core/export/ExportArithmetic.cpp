@@ -15,8 +15,7 @@ double ExportScore(ExportOption option, double observed, double expected) {
 
 void SmoothDeviations(const Table<double>& weights, const Array1<double>& deviation, std::ptrdiff_t n,
                       Array1<double>& z) {
-    for (std::ptrdiff_t i = 1; i <= n; ++i)
-        z(i) = WeightedSum(weights.row(i), deviation, n);
+    WeightedSums(weights, deviation, n, [&z](std::ptrdiff_t i, double sum) { z(i) = sum; });
 }
 
 } // namespace vastrel

@@ -177,7 +177,7 @@ void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal) {
                     diagonal[i] = diagonal[i] + b.Data[k * b.Stride + i] * a.Data[i * a.Stride + k];
         }
     };
-    RunTeam(WorkersFor(2 * count * b.Rows), [&](Team& team) { team.Share(count, together, count, compute); });
+    RunRowWorkers(WorkersFor(2 * count * b.Rows), count, compute, together);
 }
 
 void DenseGram(MatrixView w, double* result, Index resultStride) {

@@ -89,9 +89,7 @@ void RowNormalise(Table<double>& kernel, std::ptrdiff_t n) {
         for (std::ptrdiff_t j = 1; j <= n; ++j)
             row[j] = row[j] / length;
     };
-    RunTeam(WorkersFor(n * n * DivisionCost), [&](Team& team) {
-        team.Share(n, 8, n, [&](RowRange rows) { SumAlongRows(kernel, rows, n, square, divide); });
-    });
+    SumAlongRows(kernel, n, DivisionCost, square, divide);
 }
 
 void ScaleGramByShares(const Table<double>& gram, const Array1<double>& shares, std::ptrdiff_t n,

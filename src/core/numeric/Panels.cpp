@@ -1,7 +1,6 @@
 #include "core/numeric/Panels.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vastrel {
 
@@ -22,8 +21,6 @@ std::vector<Index> BeginsOfVectors(const Operand& from, Index x0, Index x1, Inde
     }
     return begins;
 }
-
-constexpr size_t LargestWidth = 32;
 
 } // namespace
 
@@ -54,17 +51,13 @@ void PanelBlock::Pack(const Operand& from, const Piece& piece, Index at) {
 
 void PanelBlock::Pack(const PanelBlock& from, const Piece& piece) {
     const Index steps = piece.K1 - piece.K0;
+    std::vector<Index> begins(static_cast<size_t>(width_));
     for (Index x = piece.X0, panel = 0; x < piece.X1; x += width_, ++panel) {
-        std::array<const double*, LargestWidth> vectors{};
         for (Index v = 0; v < width_; ++v) {
-            const Index vector = std::min(x + v, piece.X1 - 1);
-            vectors[static_cast<size_t>(v)] =
-                from.Panel(vector / from.width_ * from.width_) + vector % from.width_;
+            const Index vector = std::min(x + v, piece.X1 - 1), inPanel = vector % from.width_;
+            begins[static_cast<size_t>(v)] = (vector - inPanel) * from.depth_ + inPanel;
         }
-        double* to = panels_.data() + panel * width_ * depth_;
-        for (Index k = 0; k < steps; ++k, to += width_)
-            for (Index v = 0; v < width_; ++v)
-                to[v] = vectors[static_cast<size_t>(v)][k * from.width_];
+        CopySteps(from.panels_.data(), from.width_, begins.data(), {0, steps}, panel);
         TakeSpans(panel, steps);
     }
 }

@@ -122,8 +122,8 @@ void RunTeam(int workers, const std::function<void(Team&)>& steps) {
     handback.RaiseHere();
 }
 
-void RunRowWorkers(int workers, std::ptrdiff_t rows, const RowWork& work) {
-    RunTeam(workers, [&](Team& team) { team.Share(rows, 1, rows, work); });
+void RunRowWorkers(int workers, std::ptrdiff_t rows, const RowWork& work, std::ptrdiff_t together) {
+    RunTeam(workers, [&](Team& team) { team.Share(rows, together, rows, work); });
 }
 
 } // namespace vastrel

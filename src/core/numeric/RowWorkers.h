@@ -58,7 +58,7 @@ private:
 /// thrown again there once all have ended.
 void RunTeam(int workers, const std::function<void(Team&)>& steps);
 
-/// A team with one step of `rows` rows.
-void RunRowWorkers(int workers, std::ptrdiff_t rows, const RowWork& work);
+/// A team with one step of `rows` rows, in multiples of `together`.
+void RunRowWorkers(int workers, std::ptrdiff_t rows, const RowWork& work, std::ptrdiff_t together = 1);
 
 } // namespace vastrel

@@ -32,7 +32,8 @@ inline Span SpanOfBits(long long least, long long most, bool negative, bool posi
 inline Span SpanOf(double number) {
     const auto bits = std::bit_cast<long long>(number);
     const long long size = bits & std::numeric_limits<long long>::max();
-    return SpanOfBits(size, size, bits<0, bits> 0);
+    const bool negative = bits<0, positive = bits> 0;
+    return SpanOfBits(size, size, negative, positive);
 }
 
 /// Steps are told apart in groups, as many as a word has bits.

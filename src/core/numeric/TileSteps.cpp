@@ -14,8 +14,7 @@ namespace {
 using Index = std::ptrdiff_t;
 
 constexpr Index GroupsAtMost = (DepthAtMost + GroupSteps - 1) / GroupSteps;
-constexpr int StepsAtMost = 9; // as a power of two
-static_assert(DepthAtMost <= 1 << StepsAtMost);
+constexpr int StepsAtMost = std::bit_width(static_cast<unsigned>(DepthAtMost - 1)); // as a power of two
 
 using FeltSteps = std::array<StepSet, GroupsAtMost>;
 

@@ -1,9 +1,8 @@
 #include "core/retrospective/MStatistic.h"
 
 #include "core/numeric/CountDeviations.h"
-#include "core/numeric/RowSums.h"
-#include "core/numeric/RowWorkers.h"
 #include "core/numeric/RunProcedure.h"
+#include "core/numeric/WeightedSum.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/MArithmetic.h"
 #include "core/text/Numbers.h"
@@ -41,15 +40,10 @@ void Compute(const Transform& transform) {
     auto& scores = ws.*transform.Scores;
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
         scores(i) = transform.Score(ws.ObsCount(i), ws.ExpCount(i));
-    const std::ptrdiff_t n = ws.NumRegion;
-    const double* score = scores.data();
-    const auto weighted = [score](const double* weights, std::ptrdiff_t j) { return score[j] * weights[j]; };
-    const auto take = [](std::ptrdiff_t i, double m) {
+    WeightedSums(ws.WeightM, scores, ws.NumRegion, [](std::ptrdiff_t i, double m) {
         for (auto* values : OutputsOfM())
             (*values)(i) = m;
-    };
-    RunRowWorkers(WorkersFor(2 * n * n), n,
-                  [&](RowRange rows) { SumAlongRows(ws.WeightM, rows, n, weighted, take); });
+    });
 }
 
 void RunTransform(const Transform& transform) {
