@@ -3,6 +3,7 @@
 #include "Register.h"
 #include "core/numeric/DenseProduct.h"
 #include "core/numeric/GaussianKernel.h"
+#include "core/numeric/KernelRows.h"
 #include "core/numeric/NeighbourOrder.h"
 #include "core/retrospective/ScoreArithmetic.h"
 
@@ -62,9 +63,11 @@ void Phases(benchmark::State& state, Places places, int n, double sigma) {
         Table<double> w, gram, ordered, v, a, b(n - 1, n - 1);
         Array1<double> diagonal(n);
         Time(state, "kernel", [&] {
+            KernelWeights kernel;
+            GaussianKernel(distances.Squared, n, sigma, kernel);
+            RowNormalise(kernel);
             w.ReDimUnset(n, n);
-            GaussianKernel(distances, n, n, sigma, w);
-            RowNormalise(w, n);
+            PutWeights(kernel, w);
         });
         gram.ReDim(n - 1, n - 1);
         ordered.ReDim(n - 1, n - 1);

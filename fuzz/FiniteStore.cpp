@@ -30,6 +30,13 @@ void Require(const Table<double>& table) {
         Require(table.row(0)[k]);
 }
 
+void Require(const KernelWeights& weights) {
+    const std::ptrdiff_t n = weights.Length.UpperBound();
+    for (std::ptrdiff_t i = 1; i <= n; ++i)
+        for (std::ptrdiff_t j = 1; j <= n; ++j)
+            Require(weights(i, j));
+}
+
 } // namespace
 
 void RequireFiniteStore() {
@@ -75,10 +82,12 @@ void RequireFiniteStore() {
                                &ws.LegendLimits,
                                &ws.LegendWork})
         Require(*values);
-    for (const auto* table : {&ws.WeightM, &ws.WeightUnadjusted, &ws.WeightAdjusted, &ws.StatisticTable,
-                              &ws.ChartData, &ws.TextZScore, &ws.PreviousCusum, &ws.CusumValue,
-                              &ws.CusumChartData, &ws.ExportWeights, &ws.ExportTable})
+    for (const auto* table :
+         {&ws.WeightUnadjusted, &ws.WeightAdjusted, &ws.StatisticTable, &ws.ChartData, &ws.TextZScore,
+          &ws.PreviousCusum, &ws.CusumValue, &ws.CusumChartData, &ws.ExportTable})
         Require(*table);
+    for (const auto* weights : {&ws.WeightM, &ws.ExportWeights})
+        Require(*weights);
 }
 
 } // namespace vastrel

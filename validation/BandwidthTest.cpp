@@ -2,6 +2,7 @@
 
 #include "core/numeric/Approximations.h"
 #include "core/numeric/CountDeviations.h"
+#include "core/numeric/KernelRows.h"
 #include "core/prospective/CusumEngine.h"
 #include "core/retrospective/Bandwidth.h"
 #include "core/retrospective/MStatistic.h"
@@ -122,7 +123,8 @@ BandwidthTest::BandwidthTest(const StudyMap& map, const Array1<double>& expected
         criticalM_[i] = MCriticalValue().value_or(0);
     }
     BuildMWeights();
-    weightM_ = ws.WeightM;
+    weightM_.ReDimUnset(n_, n_);
+    PutWeights(ws.WeightM, weightM_);
     for (const double total : totals)
         if (!moments_.contains(total)) TakeMoments(total);
     if (HasScore()) {

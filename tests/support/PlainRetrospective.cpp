@@ -15,31 +15,6 @@ using Index = std::ptrdiff_t;
 
 // ---- Weights
 
-/// The row-normalised kernel, 1..N.
-Table<double> PlainWeights(const Workspace& w) {
-    const Index n = w.NumRegion;
-    const double sigma = w.CurrentSigma;
-    const double r = std::sqrt(3.14159265);
-    Table<double> k(n, n);
-    for (Index i = 1; i <= n; ++i)
-        for (Index j = 1; j <= n; ++j) {
-            const RegionPoint &p = w.RegionCentroid(i), &q = w.RegionCentroid(j);
-            const double d = Power(Power(p.X - q.X, 2) + Power(p.Y - q.Y, 2), 0.5);
-            const double spread =
-                (Power(sigma, 2) + Power(sigma, 2)) * (w.TotalShapeArea / static_cast<double>(n));
-            k(i, j) =
-                i == j ? 1 / (sigma * r) : (1 / (sigma * r)) * Exponential((Power(d, 2) * -1.0) / spread);
-        }
-    for (Index i = 1; i <= n; ++i) {
-        double s = 0;
-        for (Index j = 1; j <= n; ++j)
-            s = s + k(i, j) * k(i, j);
-        for (Index j = 1; j <= n; ++j)
-            k(i, j) = k(i, j) / std::sqrt(s);
-    }
-    return k;
-}
-
 void PlainScoreWeights(Workspace& w) {
     const Index n = w.NumRegion;
     const Table<double> weights = PlainWeights(w);
@@ -150,7 +125,7 @@ double PlainTransform(RetroVariable variable, double o, double e) {
 
 void PlainM(RetroVariable variable, Workspace& w) {
     const Index n = w.NumRegion;
-    w.WeightM = PlainWeights(w);
+    const Table<double> weights = PlainWeights(w);
     auto& scores = variable == RetroVariable::FreemanTukey ? w.DevFreemanTukey
                    : variable == RetroVariable::Rossi      ? w.DevRossi
                                                            : w.DevPearson;
@@ -164,7 +139,7 @@ void PlainM(RetroVariable variable, Workspace& w) {
     for (Index i = 1; i <= n; ++i) {
         double m = 0;
         for (Index j = 1; j <= n; ++j)
-            m = m + scores(j) * w.WeightM(i, j);
+            m = m + scores(j) * weights(i, j);
         for (auto* values : outputs)
             (*values)(i) = m;
     }
@@ -213,6 +188,30 @@ void PlainStep(RetroVariable variable, Workspace& w) {
 }
 
 } // namespace
+
+Table<double> PlainWeights(const Workspace& w) {
+    const Index n = w.NumRegion;
+    const double sigma = w.CurrentSigma;
+    const double r = std::sqrt(3.14159265);
+    Table<double> k(n, n);
+    for (Index i = 1; i <= n; ++i)
+        for (Index j = 1; j <= n; ++j) {
+            const RegionPoint &p = w.RegionCentroid(i), &q = w.RegionCentroid(j);
+            const double d = Power(Power(p.X - q.X, 2) + Power(p.Y - q.Y, 2), 0.5);
+            const double spread =
+                (Power(sigma, 2) + Power(sigma, 2)) * (w.TotalShapeArea / static_cast<double>(n));
+            k(i, j) =
+                i == j ? 1 / (sigma * r) : (1 / (sigma * r)) * Exponential((Power(d, 2) * -1.0) / spread);
+        }
+    for (Index i = 1; i <= n; ++i) {
+        double s = 0;
+        for (Index j = 1; j <= n; ++j)
+            s = s + k(i, j) * k(i, j);
+        for (Index j = 1; j <= n; ++j)
+            k(i, j) = k(i, j) / std::sqrt(s);
+    }
+    return k;
+}
 
 double PlainNormalPValue(double z) {
     if (z > 4.5) return 0;

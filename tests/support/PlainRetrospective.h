@@ -9,6 +9,9 @@ namespace vastrel {
 // blocking, no symmetry, nothing kept from one bandwidth to the next, one thread. The results of the program
 // have to equal these in every bit.
 
+/// The row-normalised kernel, 1..N, for w.CurrentSigma.
+Table<double> PlainWeights(const Workspace& w);
+
 /// The results of a single bandwidth, w.CurrentSigma, from the dataset in w into w.
 void PlainSingle(RetroVariable variable, Workspace& w);
 

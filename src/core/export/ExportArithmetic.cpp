@@ -1,7 +1,6 @@
 #include "core/export/ExportArithmetic.h"
 
 #include "core/numeric/CountDeviations.h"
-#include "core/numeric/WeightedSum.h"
 #include "core/platform/RunTimeError.h"
 
 namespace vastrel {
@@ -11,11 +10,6 @@ double ExportScore(ExportOption option, double observed, double expected) {
     if (expected == 0) RaiseCustomary(DivisionByZero, "ComputeExportZ");
     return option == ExportOption::Poisson ? PearsonScore(observed, expected)
                                            : RossiScore(observed, expected);
-}
-
-void SmoothDeviations(const Table<double>& weights, const Array1<double>& deviation, std::ptrdiff_t n,
-                      Array1<double>& z) {
-    WeightedSums(weights, deviation, n, [&z](std::ptrdiff_t i, double sum) { z(i) = sum; });
 }
 
 } // namespace vastrel

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core/workspace/Arrays.h"
-
 namespace vastrel {
 
 /// How a count's deviation from its expectation is measured.
@@ -16,9 +14,5 @@ enum class ExportOption {
 /// statistic. An expected count of 0 is run-time error 11 for the first and the last, also with an observed
 /// count of 0. Other faults show in the floating-point flags.
 double ExportScore(ExportOption option, double observed, double expected);
-
-/// z(i) = sum over j of weights(i, j) * deviation(j), j ascending, for n Regions.
-void SmoothDeviations(const Table<double>& weights, const Array1<double>& deviation, std::ptrdiff_t n,
-                      Array1<double>& z);
 
 } // namespace vastrel

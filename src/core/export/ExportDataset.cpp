@@ -1,6 +1,6 @@
 #include "core/export/ExportDataset.h"
 
-#include "core/numeric/GaussianKernel.h"
+#include "core/numeric/KernelRows.h"
 #include "core/numeric/Memory.h"
 #include "core/numeric/RunProcedure.h"
 #include "core/platform/RunTimeError.h"
@@ -47,14 +47,10 @@ void BuildExportWeights() {
     const std::ptrdiff_t n = ws.NumRegion;
     if (ws.ExportSigma == 0) ws.ExportSigma = ExportSigmaForZero;
     ws.ExportWeights.Clear();
-    RequireTable(n, n);
-    ws.ExportWeights.ReDim(n, n);
+    RequireMemory(static_cast<double>(n) * static_cast<double>(n) / 2 * sizeof(double), "ExportDataset");
     RunProcedure(
         "BuildExportWeights",
-        [n] {
-            GaussianKernel(ws.RegionCentroid, n, ws.TotalShapeArea, ws.ExportSigma, ws.ExportWeights);
-            RowNormalise(ws.ExportWeights, n);
-        },
+        [n] { ws.ExportWeights = GaussianWeights(ws.RegionCentroid, n, ws.TotalShapeArea, ws.ExportSigma); },
         [] { ws.ExportWeights.SetZero(); });
 }
 
@@ -67,7 +63,7 @@ void ComputeExportZ(ExportOption option) {
         [=] {
             for (std::ptrdiff_t i = 1; i <= n; ++i)
                 ws.ExportDeviation(i) = ExportScore(option, ws.ExportObs(i), ws.ExportExp(i));
-            SmoothDeviations(ws.ExportWeights, ws.ExportDeviation, n, ws.ExportZ);
+            WeightedSums(ws.ExportWeights, ws.ExportDeviation, n, ws.ExportZ);
         },
         [] {
             ws.ExportDeviation.SetZero();

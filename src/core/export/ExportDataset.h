@@ -14,9 +14,9 @@ constexpr const char* ExportNotSelected = "Data was not properly selected";
 /// deviation.
 constexpr double ExportSigmaForZero = 1e-9;
 
-/// ExportWeights from RegionCentroid, TotalShapeArea, NumRegion and ExportSigma: GaussianKernel and
-/// RowNormalise. An ExportSigma of 0 becomes ExportSigmaForZero for good. Run-time errors: 7 where the table
-/// would not fit in memory, and the arithmetic faults, after which it stands at zero.
+/// ExportWeights from RegionCentroid, TotalShapeArea, NumRegion and ExportSigma: GaussianWeights.
+/// An ExportSigma of 0 becomes ExportSigmaForZero for good. Run-time errors: 7 where the weights would not
+/// fit in memory, and the arithmetic faults, after which they stand at zero.
 void BuildExportWeights();
 
 /// ExportDeviation and ExportZ from ExportObs, ExportExp and ExportWeights. Run-time errors: 11 an expected

@@ -1,20 +1,19 @@
 #include "core/numeric/GaussianKernel.h"
 
-#include "core/numeric/DenseProduct.h"
 #include "core/numeric/Exponentials.h"
 #include "core/numeric/Power.h"
-#include "core/numeric/RowSums.h"
 #include "core/numeric/RowWorkers.h"
-#include "core/text/Numbers.h"
+#include "core/numeric/Vectors.h"
 
 #include <cmath>
+#include <functional>
 
 namespace vastrel {
 
 namespace {
 
-/// What a power, an exponential, and a root or a division take, in ordinary operations.
-constexpr std::ptrdiff_t PowerCost = 60;
+/// What a distance, an exponential, and a root or a division take, in ordinary operations.
+constexpr std::ptrdiff_t DistanceCost = 10;
 constexpr std::ptrdiff_t ExponentialCost = 20;
 constexpr std::ptrdiff_t DivisionCost = 5;
 
@@ -38,7 +37,7 @@ bool BelongTo(const PairDistances& distances, const Array1<RegionPoint>& at, std
 void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistances& distances) {
     if (BelongTo(distances, at, n)) return;
     distances = {};
-    distances.Squared.ReDim(PairDistances::Count(n));
+    distances.Squared.ReDimUnset(n);
     distances.X.ReDim(n);
     distances.Y.ReDim(n);
     for (std::ptrdiff_t i = 1; i <= n; ++i) {
@@ -47,49 +46,40 @@ void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistance
     }
     const double* x = distances.X.data();
     const double* y = distances.Y.data();
-    ForRows(n, PairDistances::Count(n) * 4 * PowerCost, [&](std::ptrdiff_t i) {
-        double* squared = distances.PairsOf(i, n);
+    ForRows(n, distances.Squared.Count() * DistanceCost, [&](std::ptrdiff_t i) {
+        double* squared = distances.Squared.After(i);
         for (std::ptrdiff_t j = i + 1; j <= n; ++j) {
-            const double distance = Power(Power(x[i] - x[j], 2) + Power(y[i] - y[j], 2), 0.5);
-            *squared++ = Power(distance, 2);
+            // The powers of exponent 2 and 0.5, which are the product and the root in every bit.
+            const double dx = x[i] - x[j], dy = y[i] - y[j];
+            const double distance = std::sqrt(dx * dx + dy * dy);
+            *squared++ = distance * distance;
         }
     });
 }
 
-void GaussianKernel(const PairDistances& distances, std::ptrdiff_t n, double area, double sigma,
-                    Table<double>& kernel) {
-    const double peak = 1 / (sigma * std::sqrt(NineDigitPi));
+void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, KernelWeights& kernel) {
+    const std::ptrdiff_t n = squaredDistances.Regions();
+    kernel.Length.ReDim(n);
+    kernel.SetLengths(1);
+    if (&squaredDistances != &kernel.Values) kernel.Values.ReDimUnset(n);
+
+    const double peak = kernel.Peak = 1 / (sigma * std::sqrt(NineDigitPi));
     const double sigmaSquared = Power(sigma, 2);
     const double spread = (sigmaSquared + sigmaSquared) * (area / static_cast<double>(n));
-    ForRows(n, PairDistances::Count(n) * ExponentialCost, [&](std::ptrdiff_t i) {
-        const double* squared = distances.PairsOf(i, n);
-        double* row = kernel.row(i);
-        row[i] = peak;
-        for (std::ptrdiff_t j = i + 1; j <= n; ++j)
-            row[j] = (*squared++ * -1.0) / spread;
-        Exponentials(row + i + 1, n - i, row + i + 1);
-        for (std::ptrdiff_t j = i + 1; j <= n; ++j)
-            row[j] = peak * row[j];
-    });
-    if (n > 0) MirrorUpperTriangle(kernel.row(1) + 1, n, kernel.stride());
-}
-
-void GaussianKernel(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area, double sigma,
-                    Table<double>& kernel) {
-    PairDistances distances;
-    TakeDistances(at, n, distances);
-    GaussianKernel(distances, n, area, sigma, kernel);
-}
-
-void RowNormalise(Table<double>& kernel, std::ptrdiff_t n) {
-    const auto square = [](const double* row, std::ptrdiff_t j) { return row[j] * row[j]; };
-    const auto divide = [&](std::ptrdiff_t i, double sum) {
-        double* row = kernel.row(i);
-        const double length = std::sqrt(sum);
-        for (std::ptrdiff_t j = 1; j <= n; ++j)
-            row[j] = row[j] / length;
+    const double* from = squaredDistances.All();
+    double* to = kernel.Values.All();
+    const auto takePiece = [=](RowRange pairs) {
+        const std::ptrdiff_t count = pairs.Last - pairs.First;
+        double* values = to + pairs.First;
+        ForEachNumber(from + pairs.First, count, values,
+                      [=](auto squared) { return (squared * -1.0) / spread; });
+        Exponentials(values, count, values);
+        ForEachNumber(values, count, values, [=](auto exponential) { return peak * exponential; });
     };
-    SumAlongRows(kernel, n, DivisionCost, square, divide);
+    constexpr std::ptrdiff_t piece = 2048; // stays in the cache between its steps
+    const std::ptrdiff_t count = squaredDistances.Count();
+    RunTeam(WorkersFor(count * ExponentialCost),
+            [&](Team& team) { team.Share(count, piece, piece, takePiece); });
 }
 
 void ScaleGramByShares(const Table<double>& gram, const Array1<double>& shares, std::ptrdiff_t n,

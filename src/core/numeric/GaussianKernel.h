@@ -7,23 +7,16 @@ namespace vastrel {
 /// The nine-digit constant of every kernel, in the place of pi.
 constexpr double NineDigitPi = 3.14159265;
 
-/// The Gaussian kernel over the distances of n Regions at `at(1..n)`, written to elements (1..n, 1..n):
-/// K(i, i) = 1 / (sigma * r) and K(i, j) = K(i, i) * exp(-d^2 / (2 sigma^2 * area / n)), with r the root of
-/// NineDigitPi. sigma is a multiple of the root of the mean Region area. No value is cut off.
-/// area = 0 is a division by zero, or an invalid operation where the distance is 0 too.
-void GaussianKernel(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area, double sigma,
-                    Table<double>& kernel);
-
-/// The same from distances that TakeDistances has taken.
-void GaussianKernel(const PairDistances& distances, std::ptrdiff_t n, double area, double sigma,
-                    Table<double>& kernel);
-
 /// Computes d^2 for every pair of the Regions at `at(1..n)`; leaves distances as they are that belong to
 /// these very positions. After a fault in it the distances have to be dropped.
 void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistances& distances);
 
-/// Scales rows 1..n to Euclidean length 1.
-void RowNormalise(Table<double>& kernel, std::ptrdiff_t n);
+/// The Gaussian kernel over the squared distances of n Regions: K(i, i) = 1 / (sigma * r) and K(i, j) =
+/// K(i, i) * exp(-d^2 / (2 sigma^2 * area / n)), with r the root of NineDigitPi. sigma is a multiple of the
+/// root of the mean Region area. No value is cut off. The rows get the length 1, which is not theirs yet. The
+/// distances may be the kernel's own values, whose place it takes.
+/// area = 0 is a division by zero, or an invalid operation where the distance is 0 too.
+void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, KernelWeights& kernel);
 
 /// G(i, j) / sqrt(p(i + 1) p(j + 1)) for the Gram matrix G of the row-normalised kernel; both tables have a
 /// zero base. A share p of 0 is a division by zero, one below 0 an invalid operation.

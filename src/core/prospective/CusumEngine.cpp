@@ -1,7 +1,7 @@
 #include "core/prospective/CusumEngine.h"
 
 #include "core/numeric/DenseProduct.h"
-#include "core/numeric/GaussianKernel.h"
+#include "core/numeric/KernelRows.h"
 #include "core/numeric/RunProcedure.h"
 #include "core/prospective/CusumArithmetic.h"
 
@@ -27,12 +27,7 @@ Table<double> BuildCusumWeights(const Array1<double>& x, const Array1<double>& y
     Table<double> weights;
     ReDimWithinMemory(weights, n, n, "BuildCusumWeights");
     RunProcedure(
-        "BuildCusumWeights",
-        [&] {
-            GaussianKernel(at, n, area, sigma, weights);
-            RowNormalise(weights, n);
-        },
-        [] {});
+        "BuildCusumWeights", [&] { PutWeights(GaussianWeights(at, n, area, sigma), weights); }, [] {});
     return weights;
 }
 

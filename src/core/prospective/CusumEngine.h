@@ -14,7 +14,7 @@ namespace vastrel {
 constexpr double CusumSigmaForZero = 1e-9;
 
 /// The row-normalised Gaussian kernel (1..n, 1..n) of the Regions at x, y (1..n at least, else run-time error
-/// 9): GaussianKernel and RowNormalise. `area` is the study area in square map units, `sigma` is above 0.
+/// 9): GaussianWeights. `area` is the study area in square map units, `sigma` is above 0.
 /// Run-time error 7 where the table would not fit in memory, 11 for an area of 0 with two Regions.
 Table<double> BuildCusumWeights(const Array1<double>& x, const Array1<double>& y, std::ptrdiff_t n,
                                 double area, double sigma);

@@ -1,8 +1,8 @@
 #include "core/retrospective/MStatistic.h"
 
 #include "core/numeric/CountDeviations.h"
+#include "core/numeric/KernelRows.h"
 #include "core/numeric/RunProcedure.h"
-#include "core/numeric/WeightedSum.h"
 #include "core/platform/Platform.h"
 #include "core/retrospective/MArithmetic.h"
 #include "core/text/Numbers.h"
@@ -40,10 +40,9 @@ void Compute(const Transform& transform) {
     auto& scores = ws.*transform.Scores;
     for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
         scores(i) = transform.Score(ws.ObsCount(i), ws.ExpCount(i));
-    WeightedSums(ws.WeightM, scores, ws.NumRegion, [](std::ptrdiff_t i, double m) {
-        for (auto* values : OutputsOfM())
-            (*values)(i) = m;
-    });
+    WeightedSums(ws.WeightM, scores, ws.NumRegion, ws.LocalM);
+    for (auto* values : OutputsOfM())
+        *values = ws.LocalM;
 }
 
 void RunTransform(const Transform& transform) {

@@ -40,14 +40,15 @@ void RunAdjustedScore() {
 void RunM(void (*transform)()) {
     BuildMWeights();
     transform();
-    Release({&Workspace::WeightM});
+    ws.WeightM.Clear();
 }
 
 } // namespace
 
 void PrepareRun(RetroVariable variable) {
-    Release({&Workspace::WeightM, &Workspace::WeightUnadjusted, &Workspace::WeightAdjusted,
-             &Workspace::ScoreGramPlain, &Workspace::ScoreGramAdjusted});
+    ws.WeightM.Clear();
+    Release({&Workspace::WeightUnadjusted, &Workspace::WeightAdjusted, &Workspace::ScoreGramPlain,
+             &Workspace::ScoreGramAdjusted});
     TakePointCount();
     RequireMemoryForTables(TablesOfRun(MapsScore(variable)), 0);
 }

@@ -1,6 +1,7 @@
 #include "core/retrospective/Weights.h"
 
 #include "core/numeric/GaussianKernel.h"
+#include "core/numeric/KernelRows.h"
 #include "core/numeric/Memory.h"
 #include "core/numeric/NeighbourOrder.h"
 #include "core/numeric/RunProcedure.h"
@@ -25,7 +26,7 @@ void TakePointDataset() {
 
 void RequireMemoryForTables(int tables, double further) {
     const double n = Counter16(ws.NumRegion);
-    const auto held = static_cast<double>(ws.Distances.Squared.UpperBound() + 1);
+    const auto held = static_cast<double>(ws.Distances.Squared.Count());
     RequireMemory(((n + 1) * (n + 1) * tables - held) * sizeof(double) + further, "cmdRun");
 }
 
@@ -41,19 +42,29 @@ auto GramTables() {
 
 /// A fault of the kernel itself is told before its values go any further: a sigma whose square overflows
 /// would only end as a row of length 0.
-void NormalisedKernel(Table<double>& weights, std::ptrdiff_t n) {
+void BuildKernel(KernelWeights& kernel, std::ptrdiff_t n) {
     RunProcedure(
         "GaussianKernel",
         [&] {
             TakeDistances(ws.RegionCentroid, n, ws.Distances);
-            GaussianKernel(ws.Distances, n, ws.TotalShapeArea, ws.CurrentSigma, weights);
+            GaussianKernel(ws.Distances.Squared, ws.TotalShapeArea, ws.CurrentSigma, kernel);
         },
         [] { ws.Distances = {}; });
-    RowNormalise(weights, n);
+    RowNormalise(kernel);
+}
+
+void BuildWeightUnadjusted(std::ptrdiff_t n) {
+    KernelWeights kernel; // gone before the other tables come
+    BuildKernel(kernel, n);
+    ws.WeightUnadjusted.ReDimUnset(n, n);
+    PutWeights(kernel, ws.WeightUnadjusted);
 }
 
 void ComputeScoreWeights(std::ptrdiff_t n) {
-    NormalisedKernel(ws.WeightUnadjusted, n);
+    BuildWeightUnadjusted(n);
+    ws.WeightAdjusted.ReDimUnset(n, n);
+    for (auto* table : GramTables())
+        table->ReDimUnset(n - 1, n - 1);
     const VectorOrder order = NeighbourOrder(ws.RegionCentroid, n);
     Table<double>& ordered = ws.ScoreGramAdjusted; // filled afterwards, lends its room
     const Table<double>& w = ws.WeightUnadjusted;
@@ -70,11 +81,11 @@ void ClearScoreWeights() {
         table->Clear();
 }
 
-void ZeroScoreWeights() {
+void ZeroScoreWeights(std::ptrdiff_t n) {
     for (auto* table : WeightTables())
-        table->SetZero();
+        table->ReDim(n, n);
     for (auto* table : GramTables())
-        table->SetZero();
+        table->ReDim(n - 1, n - 1);
 }
 
 } // namespace
@@ -83,23 +94,18 @@ void BuildScoreWeights() {
     ClearScoreWeights();
     TakePointDataset();
     const std::ptrdiff_t n = Counter16(ws.NumRegion);
-    for (auto* table : WeightTables())
-        table->ReDimUnset(n, n);
-    for (auto* table : GramTables())
-        table->ReDimUnset(n - 1, n - 1);
     if (n == 0) return;
     RunProcedure(
-        "BuildScoreWeights", [n] { ComputeScoreWeights(n); }, ZeroScoreWeights);
+        "BuildScoreWeights", [n] { ComputeScoreWeights(n); }, [n] { ZeroScoreWeights(n); });
 }
 
 void BuildMWeights() {
     ws.WeightM.Clear();
     TakePointDataset();
     const std::ptrdiff_t n = Counter16(ws.NumRegion);
-    ws.WeightM.ReDimUnset(n, n);
     if (n == 0) return;
     RunProcedure(
-        "BuildMWeights", [n] { NormalisedKernel(ws.WeightM, n); }, [] { ws.WeightM.SetZero(); });
+        "BuildMWeights", [n] { BuildKernel(ws.WeightM, n); }, [] { ws.WeightM.SetZero(); });
 }
 
 } // namespace vastrel

@@ -22,9 +22,10 @@ void TakePointDataset();
 /// Its NumRegion alone.
 void TakePointCount();
 
-/// How many N x N tables the builders fill, the half one of the distances counted whole.
+/// How many N x N tables the builders fill. The distances take half of one, and so does the kernel of the M
+/// statistic, of which the score statistic holds two tables and two Gram matrices.
 constexpr int TablesOfScoreWeights = 5;
-constexpr int TablesOfMWeights = 2;
+constexpr int TablesOfMWeights = 1;
 
 constexpr int TablesOfRun(bool score) {
     return score ? TablesOfScoreWeights : TablesOfMWeights;

@@ -60,6 +60,12 @@ public:
         RequireBound(n);
         values_.assign(static_cast<size_t>(n + 1), T{});
     }
+    /// The same for a kernel that sets every element itself.
+    void ReDimUnset(std::ptrdiff_t n) {
+        RequireBound(n);
+        values_.clear();
+        values_.resize(static_cast<size_t>(n + 1));
+    }
     void Clear() { values_.clear(); }
     void SetZero() { std::fill(values_.begin(), values_.end(), T{}); }
 

@@ -2,6 +2,7 @@
 
 #include "core/workspace/Arrays.h"
 #include "core/workspace/Collection.h"
+#include "core/workspace/KernelWeights.h"
 #include "core/workspace/MapView.h"
 #include "core/workspace/PairDistances.h"
 
@@ -117,7 +118,7 @@ struct Workspace {
     // ---- Kernel matrices of the last bandwidth
     double CurrentSigma = 0;
     PairDistances Distances;         // of all bandwidths, for as long as the positions stay
-    Table<double> WeightM;           // 0..N, used 1..N: row-normalised kernel
+    KernelWeights WeightM;           // 1..N: row-normalised kernel
     Table<double> WeightUnadjusted;  // 0..N, used 1..N: the same for the score statistic
     Table<double> WeightAdjusted;    // 0..N, used 1..N: columns scaled by the expected counts
     Table<double> ScoreGramPlain;    // 0..N-1: WeightUnadjusted transposed times WeightUnadjusted
@@ -184,7 +185,7 @@ struct Workspace {
     double ExpFromIndex = 0, ExpToIndex = 0;
     double ExportSigma = 0;
     Array1<double> ExportObs, ExportExp; // counts of one period
-    Table<double> ExportWeights;         // used 1..N: row-normalised kernel
+    KernelWeights ExportWeights;         // 1..N: row-normalised kernel
     Array1<double> ExportDeviation;      // of one period
     Array1<double> ExportZ;              // the deviations of one period, smoothed
     Table<double> ExportTable;           // (Region, period)

@@ -24,17 +24,3 @@ TEST(ExportArithmetic, CannotScoreAnExpectedCountOfZero) {
     EXPECT_DOUBLE_EQ(ExportScore(ExportOption::Standard, 3, 0), std::sqrt(3.0) + 2 - 1);
     EXPECT_EQ(ExportScore(ExportOption::Standard, 0, 0), 0);
 }
-
-TEST(ExportArithmetic, SumsWeightedDeviations) {
-    Table<double> weights(2, 2);
-    weights(1, 1) = 0.5;
-    weights(1, 2) = 2;
-    weights(2, 1) = -1;
-    weights(2, 2) = 0.25;
-    Array1<double> deviation(2), z(2);
-    deviation(1) = 4;
-    deviation(2) = 8;
-    SmoothDeviations(weights, deviation, 2, z);
-    EXPECT_EQ(z(1), 18);
-    EXPECT_EQ(z(2), -2);
-}

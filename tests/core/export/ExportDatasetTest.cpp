@@ -175,6 +175,7 @@ TEST_F(Export, StopsForASigmaWhoseSquareIsNothing) {
 TEST_F(Export, StopsWhereTheMapHasNoArea) {
     ws.TotalShapeArea = 0;
     EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), DivisionByZero);
+    EXPECT_EQ(ws.ExportWeights(1, 1), 0);
     EXPECT_EQ(ws.ExportTable(1, 1), 0);
 }
 

@@ -1,6 +1,6 @@
 #include "core/numeric/NeighbourOrder.h"
 
-#include "core/numeric/GaussianKernel.h"
+#include "core/numeric/KernelRows.h"
 #include "support/PlainLoops.h"
 
 #include <gtest/gtest.h>
@@ -102,8 +102,7 @@ Array1<RegionPoint> Lattice(std::ptrdiff_t side) {
 void ExpectPlainGram(const Array1<RegionPoint>& at, double sigma) {
     const std::ptrdiff_t n = at.UpperBound();
     Table<double> w(n, n), ordered(n - 1, n - 1), gram(n - 1, n - 1), plain(n - 1, n - 1);
-    GaussianKernel(at, n, static_cast<double>(n), sigma, w);
-    RowNormalise(w, n);
+    PutWeights(GaussianWeights(at, n, static_cast<double>(n), sigma), w);
     const Order order = NeighbourOrder(at, n);
     const MatrixView weights{w.row(1) + 1, n, n, w.stride()};
     DenseGram(weights, order, ordered.row(0), ordered.stride());

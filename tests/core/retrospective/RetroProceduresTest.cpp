@@ -67,8 +67,9 @@ TEST(RetroVariable, HoldsNoTableOfWeightsAfterARun) {
                                 RetroVariable::FreemanTukey, RetroVariable::Rossi}) {
         TakeThree();
         RunSingleProcedures(variable);
-        for (const auto* table : {&ws.WeightM, &ws.WeightUnadjusted, &ws.WeightAdjusted, &ws.ScoreGramPlain,
-                                  &ws.ScoreGramAdjusted})
+        EXPECT_FALSE(ws.WeightM.IsAllocated());
+        for (const auto* table :
+             {&ws.WeightUnadjusted, &ws.WeightAdjusted, &ws.ScoreGramPlain, &ws.ScoreGramAdjusted})
             EXPECT_FALSE(table->IsAllocated());
     }
 }

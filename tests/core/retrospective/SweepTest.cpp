@@ -246,12 +246,12 @@ TEST(Sweep, AsksForItsMemoryBeforeItStartsAndLessWhatItHolds) {
     int asked = 0, askedBefore = 0;
     ForceAvailableMemory([&] {
         ++asked;
-        return all - 8 * static_cast<std::uint64_t>(ws.Distances.Squared.UpperBound() + 1);
+        return all - 8 * static_cast<std::uint64_t>(ws.Distances.Squared.Count());
     });
     RunSweep(RetroVariable::AdjustedPoisson, {"1", "2", "1"}, PolygonRules(), [&](const std::string&) {
         if (askedBefore == 0) askedBefore = asked;
     });
-    EXPECT_EQ(ws.Distances.Squared.UpperBound() + 1, 4);
+    EXPECT_EQ(ws.Distances.Squared.Count(), 3);
     EXPECT_EQ(asked, askedBefore);                          // not in the middle
     Sweep(RetroVariable::AdjustedPoisson, {"1", "2", "1"}); // a second one is not refused
     all = 5 * table + statisticTable - 1;
@@ -259,10 +259,10 @@ TEST(Sweep, AsksForItsMemoryBeforeItStartsAndLessWhatItHolds) {
                   RunSweep(RetroVariable::Unadjusted, {"1", "2", "1"}, PolygonRules(), {});
               }),
               OutOfMemory);
-    all = 2 * table;
+    all = table;
     RunSingleProcedures(RetroVariable::Rossi);
     RunSingleProcedures(RetroVariable::Rossi);
-    all = 2 * table - 1;
+    all = table - 1;
     EXPECT_EQ(ErrorNumberOf([] { RunSingleProcedures(RetroVariable::Rossi); }), OutOfMemory);
     ForceAvailableMemory({});
 }

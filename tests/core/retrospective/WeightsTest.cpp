@@ -19,6 +19,13 @@ bool IsZero(const Table<double>& table) {
     return true;
 }
 
+bool IsZero(const KernelWeights& weights) {
+    for (std::ptrdiff_t i = 1; i <= ws.NumRegion; ++i)
+        for (std::ptrdiff_t j = 1; j <= ws.NumRegion; ++j)
+            if (weights(i, j) != 0) return false;
+    return true;
+}
+
 void ExpectScoreWeightsZero() {
     for (const auto* table :
          {&ws.ScoreGramPlain, &ws.ScoreGramAdjusted, &ws.WeightUnadjusted, &ws.WeightAdjusted})

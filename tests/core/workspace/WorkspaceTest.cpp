@@ -13,8 +13,9 @@ TEST(Workspace, IsEmptyAtTheStart) {
     for (const auto* values : {&ws.PopBase, &ws.ObsCount, &ws.ExpCount, &ws.ExpRatio, &ws.LocalU, &ws.LocalM,
                                &ws.DisplayClassValues, &ws.LegendLimits})
         EXPECT_FALSE(values->IsAllocated());
-    for (const auto* table : {&ws.WeightM, &ws.WeightUnadjusted, &ws.StatisticTable})
+    for (const auto* table : {&ws.WeightUnadjusted, &ws.StatisticTable})
         EXPECT_FALSE(table->IsAllocated());
+    EXPECT_FALSE(ws.WeightM.IsAllocated());
     EXPECT_FALSE(ws.RegionCentroid.IsAllocated());
     EXPECT_FALSE(ws.PlottedPoints.IsAllocated());
     EXPECT_FALSE(ws.PrimaryIDs.IsAllocated());

@@ -1,0 +1,74 @@
+#include "core/numeric/KernelRows.h"
+
+#include "core/numeric/GaussianKernel.h"
+#include "core/numeric/PairSums.h"
+#include "core/numeric/RowWorkers.h"
+#include "core/numeric/Vectors.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace vastrel {
+
+namespace {
+
+using Index = std::ptrdiff_t;
+
+/// Puts the weights between Regions a and b of two blocks, both ways, those with a < b.
+void PutBlock(const KernelWeights& kernel, RowRange as, RowRange bs, Table<double>& weights) {
+    const double* length = kernel.Length.data();
+    const Index stride = weights.stride();
+    for (Index a = as.First; a < as.Last; ++a) {
+        const Index begin = std::max(a + 1, bs.First), count = bs.Last - begin;
+        const double* values = kernel.Values.After(a) + (begin - a - 1);
+        ForEachNumber(values, count, weights.row(a) + begin, [=](auto value) { return value / length[a]; });
+        double* column = weights.row(0) + a;
+        for (Index b = begin; b < bs.Last; ++b)
+            column[b * stride] = values[b - begin] / length[b];
+    }
+}
+
+} // namespace
+
+void RowNormalise(KernelWeights& kernel) {
+    const auto square = [](auto value, auto, auto) { return value * value; };
+    SumAlongPairs(kernel.Values, kernel.Peak, square, kernel.Length);
+    for (Index i = 1; i <= kernel.Length.UpperBound(); ++i)
+        kernel.Length(i) = std::sqrt(kernel.Length(i));
+}
+
+KernelWeights GaussianWeights(const Array1<RegionPoint>& at, Index n, double area, double sigma) {
+    PairDistances distances;
+    TakeDistances(at, n, distances);
+    KernelWeights kernel;
+    kernel.Values = std::move(distances.Squared);
+    GaussianKernel(kernel.Values, area, sigma, kernel);
+    RowNormalise(kernel);
+    return kernel;
+}
+
+void PutWeights(const KernelWeights& kernel, Table<double>& weights) {
+    constexpr Index block = 32; // what goes both ways stays in the cache
+    constexpr Index operations = 10;
+    const Index n = kernel.Values.Regions();
+    const auto putRows = [&](RowRange rows) {
+        for (Index i = rows.First + 1; i <= rows.Last; ++i)
+            weights(i, i) = kernel.Peak / kernel.Length(i);
+        for (Index i = rows.First + 1; i <= rows.Last; i += block)
+            for (Index j = i; j <= n; j += block)
+                PutBlock(kernel, {i, std::min(i + block, rows.Last + 1)}, {j, std::min(j + block, n + 1)},
+                         weights);
+    };
+    RunRowWorkers(WorkersFor(n * n * operations), n, putRows, block);
+}
+
+void WeightedSums(const KernelWeights& kernel, const Array1<double>& scores, Index n, Array1<double>& sums) {
+    if (n > 0) (void)kernel.Length(n), (void)scores(n); // as many as there are Regions
+    const auto weighted = [&](auto value, auto i, auto j) {
+        return j.Of(scores) * (value / i.Of(kernel.Length));
+    };
+    SumAlongPairs(kernel.Values, kernel.Peak, weighted, sums);
+}
+
+} // namespace vastrel
