@@ -7,6 +7,8 @@
 #include "core/numeric/NeighbourOrder.h"
 #include "core/retrospective/ScoreArithmetic.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <random>
@@ -45,6 +47,16 @@ MatrixView ViewOf(const Table<double>& table) {
     return {table.row(0), table.UpperBound1() + 1, table.UpperBound2() + 1, table.stride()};
 }
 
+/// Leaves tables for those of a bandwidth, as the one before it does.
+void GiveBackTables(int n) {
+    std::array<Table<double>, 6> tables;
+    for (auto& table : tables)
+        table.ReDim(n, n);
+    Pairs pairs;
+    pairs.ReDimUnset(n);
+    std::fill_n(pairs.All(), pairs.Count(), 0.0);
+}
+
 /// The seconds of a step go into the benchmark's counter of its name.
 template <typename Step>
 void Time(benchmark::State& state, const char* name, Step step) {
@@ -59,6 +71,8 @@ void Phases(benchmark::State& state, Places places, int n, double sigma) {
     PairDistances distances;
     TakeDistances(at, n, distances);
     const VectorOrder order = NeighbourOrder(at, n);
+    const TableMemoryScope scope;
+    GiveBackTables(n);
     for (auto _ : state) {
         Table<double> w, gram, ordered, v, a, b(n - 1, n - 1);
         Array1<double> diagonal(n);
