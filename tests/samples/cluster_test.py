@@ -2,7 +2,7 @@
 """Runs the samples for several machines on a Slurm of one node, or with GNU parallel, and holds the bytes of what
 they join against those of the one run. Skipped (status 77) where the scheduler cannot be had, which is told.
 
-    cluster_test.py PROJECT VASTREL_BATCH slurm|parallel
+    cluster_test.py PROJECT VASTREL_BATCH slurm|parallel|ssh
 """
 import os
 import pathlib
@@ -13,6 +13,7 @@ import tempfile
 import tomllib
 import unittest
 
+from loopback_ssh import LoopbackSsh
 from one_node_slurm import NotHere, OneNodeSlurm, wait_until
 
 PROJECT = BATCH = SLURM = None
@@ -137,16 +138,38 @@ class InParallel(Cluster):
         self.assert_same_as_one_run()
 
 
+class OverSsh(Cluster):
+    def test_the_parts_of_another_machine_give_the_one_run(self):
+        with LoopbackSsh() as machine:
+            before = machine.logins()
+            os.environ["PARALLEL_SSH"] = machine.command
+            self.script("range-parallel", COMMAND, str(PARTS), "--sshlogin", machine.login)
+            self.assertGreaterEqual(machine.logins() - before, PARTS)
+        self.assert_same_as_one_run()
+
+
+def run_in_parallel(words, tests):
+    if not shutil.which("parallel"):
+        print("Skipped: GNU parallel is not installed.")
+        sys.exit(SKIPPED)
+    unittest.main(argv=words, defaultTest=tests)
+
+
 def main():
     global PROJECT, BATCH, SLURM
     PROJECT, BATCH = (pathlib.Path(word).resolve() for word in sys.argv[1:3])
     scheduler = sys.argv[3]
     words = [sys.argv[0], *sys.argv[4:]]
     if scheduler == "parallel":
-        if not shutil.which("parallel"):
-            print("Skipped: GNU parallel is not installed.")
+        run_in_parallel(words, "InParallel")
+    if scheduler == "ssh":
+        try:
+            with LoopbackSsh():
+                pass
+        except NotHere as reason:
+            print(f"Skipped: {reason}.")
             sys.exit(SKIPPED)
-        unittest.main(argv=words, defaultTest="InParallel")
+        run_in_parallel(words, "OverSsh")
     try:
         with OneNodeSlurm() as SLURM:
             unittest.main(argv=words, defaultTest="OnSlurm")

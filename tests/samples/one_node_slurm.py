@@ -44,7 +44,7 @@ def wait_until(true, what):
 
 
 class NotHere(Exception):
-    """Slurm cannot be set up on this machine, and why."""
+    """What a test needs cannot be set up on this machine, and why."""
 
 
 class OneNodeSlurm:
