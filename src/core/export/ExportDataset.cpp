@@ -51,7 +51,7 @@ void BuildExportWeights() {
     RunProcedure(
         "BuildExportWeights",
         [n] { ws.ExportWeights = GaussianWeights(ws.RegionCentroid, n, ws.TotalShapeArea, ws.ExportSigma); },
-        [] { ws.ExportWeights.SetZero(); });
+        [n] { ws.ExportWeights.SetZero(n); });
 }
 
 void ComputeExportZ(ExportOption option) {

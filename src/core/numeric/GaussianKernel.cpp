@@ -59,25 +59,24 @@ void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistance
 
 void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, KernelWeights& kernel) {
     const std::ptrdiff_t n = squaredDistances.Regions();
-    kernel.Length.ReDim(n);
-    kernel.SetLengths(1);
+    kernel.SetLengths(n, 1);
     if (&squaredDistances != &kernel.Values) kernel.Values.ReDimUnset(n);
 
     const double peak = kernel.Peak = 1 / (sigma * std::sqrt(NineDigitPi));
-    const double sigmaSquared = Power(sigma, 2);
+    const std::ptrdiff_t count = squaredDistances.Count();
+    const double sigmaSquared = count > 0 ? Power(sigma, 2) : 0; // a Region alone does not ask for it
     const double spread = (sigmaSquared + sigmaSquared) * (area / static_cast<double>(n));
     const double* from = squaredDistances.All();
     double* to = kernel.Values.All();
     const auto takePiece = [=](RowRange pairs) {
-        const std::ptrdiff_t count = pairs.Last - pairs.First;
+        const std::ptrdiff_t length = pairs.Last - pairs.First;
         double* values = to + pairs.First;
-        ForEachNumber(from + pairs.First, count, values,
+        ForEachNumber(from + pairs.First, length, values,
                       [=](auto squared) { return (squared * -1.0) / spread; });
-        Exponentials(values, count, values);
-        ForEachNumber(values, count, values, [=](auto exponential) { return peak * exponential; });
+        Exponentials(values, length, values);
+        ForEachNumber(values, length, values, [=](auto exponential) { return peak * exponential; });
     };
     constexpr std::ptrdiff_t piece = 2048; // stays in the cache between its steps
-    const std::ptrdiff_t count = squaredDistances.Count();
     RunTeam(WorkersFor(count * ExponentialCost),
             [&](Team& team) { team.Share(count, piece, piece, takePiece); });
 }

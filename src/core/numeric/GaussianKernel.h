@@ -15,7 +15,8 @@ void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistance
 /// K(i, i) * exp(-d^2 / (2 sigma^2 * area / n)), with r the root of NineDigitPi. sigma is a multiple of the
 /// root of the mean Region area. No value is cut off. The rows get the length 1, which is not theirs yet. The
 /// distances may be the kernel's own values, whose place it takes.
-/// area = 0 is a division by zero, or an invalid operation where the distance is 0 too.
+/// area = 0 is a division by zero, or an invalid operation where the distance is 0 too. A sigma whose square
+/// is too large is an overflow, but not where a Region is alone.
 void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, KernelWeights& kernel);
 
 /// G(i, j) / sqrt(p(i + 1) p(j + 1)) for the Gram matrix G of the row-normalised kernel; both tables have a

@@ -3,9 +3,11 @@
 #include "core/numeric/GaussianKernel.h"
 #include "core/numeric/PairSums.h"
 #include "core/numeric/RowWorkers.h"
+#include "core/numeric/RunProcedure.h"
 #include "core/numeric/Vectors.h"
 
 #include <algorithm>
+#include <cfenv>
 #include <cmath>
 #include <utility>
 
@@ -34,16 +36,21 @@ void PutBlock(const KernelWeights& kernel, RowRange as, RowRange bs, Table<doubl
 void RowNormalise(KernelWeights& kernel) {
     const auto square = [](auto value, auto, auto) { return value * value; };
     SumAlongPairs(kernel.Values, kernel.Peak, square, kernel.Length);
-    for (Index i = 1; i <= kernel.Length.UpperBound(); ++i)
+    for (Index i = 1; i <= kernel.Length.UpperBound(); ++i) {
         kernel.Length(i) = std::sqrt(kernel.Length(i));
+        if (kernel.Length(i) == 0) std::feraiseexcept(FE_DIVBYZERO); // the row cannot be scaled
+    }
 }
 
 KernelWeights GaussianWeights(const Array1<RegionPoint>& at, Index n, double area, double sigma) {
-    PairDistances distances;
-    TakeDistances(at, n, distances);
     KernelWeights kernel;
-    kernel.Values = std::move(distances.Squared);
-    GaussianKernel(kernel.Values, area, sigma, kernel);
+    const auto compute = [&] {
+        PairDistances distances;
+        TakeDistances(at, n, distances);
+        kernel.Values = std::move(distances.Squared);
+        GaussianKernel(kernel.Values, area, sigma, kernel);
+    };
+    RunProcedure("GaussianKernel", compute, [] {});
     RowNormalise(kernel);
     return kernel;
 }
@@ -52,6 +59,7 @@ void PutWeights(const KernelWeights& kernel, Table<double>& weights) {
     constexpr Index block = 32; // what goes both ways stays in the cache
     constexpr Index operations = 10;
     const Index n = kernel.Values.Regions();
+    if (n > 0) (void)weights(n, n); // as large as that
     const auto putRows = [&](RowRange rows) {
         for (Index i = rows.First + 1; i <= rows.Last; ++i)
             weights(i, i) = kernel.Peak / kernel.Length(i);
@@ -64,7 +72,8 @@ void PutWeights(const KernelWeights& kernel, Table<double>& weights) {
 }
 
 void WeightedSums(const KernelWeights& kernel, const Array1<double>& scores, Index n, Array1<double>& sums) {
-    if (n > 0) (void)kernel.Length(n), (void)scores(n); // as many as there are Regions
+    if (kernel.Values.Regions() != n || (n > 0 && scores.UpperBound() < n))
+        RaiseCustomary(SubscriptOutOfRange, "WeightedSums", "Weights or scores of other Regions.");
     const auto weighted = [&](auto value, auto i, auto j) {
         return j.Of(scores) * (value / i.Of(kernel.Length));
     };

@@ -18,7 +18,7 @@ KernelWeights GaussianWeights(const Array1<RegionPoint>& at, std::ptrdiff_t n, d
 void PutWeights(const KernelWeights& kernel, Table<double>& weights);
 
 /// sums(i) = the sum over j = 1..n of scores(j) * W(i, j) for each i = 1..n. Run-time error 9 where the
-/// weights or the scores are of fewer Regions.
+/// weights are not of n Regions or the scores of fewer. `sums` is none of the others.
 void WeightedSums(const KernelWeights& kernel, const Array1<double>& scores, std::ptrdiff_t n,
                   Array1<double>& sums);
 

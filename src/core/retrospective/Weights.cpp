@@ -105,7 +105,7 @@ void BuildMWeights() {
     const std::ptrdiff_t n = Counter16(ws.NumRegion);
     if (n == 0) return;
     RunProcedure(
-        "BuildMWeights", [n] { BuildKernel(ws.WeightM, n); }, [] { ws.WeightM.SetZero(); });
+        "BuildMWeights", [n] { BuildKernel(ws.WeightM, n); }, [n] { ws.WeightM.SetZero(n); });
 }
 
 } // namespace vastrel

@@ -22,8 +22,8 @@ void TakePointDataset();
 /// Its NumRegion alone.
 void TakePointCount();
 
-/// How many N x N tables the builders fill. The distances take half of one, and so does the kernel of the M
-/// statistic, of which the score statistic holds two tables and two Gram matrices.
+/// How many N x N tables a run holds at most, beginnings counted whole: the score statistic four and half of
+/// one for the distances, the M statistic half of one each for the distances and for its kernel.
 constexpr int TablesOfScoreWeights = 5;
 constexpr int TablesOfMWeights = 1;
 

@@ -13,21 +13,25 @@ struct KernelWeights {
     double Peak = 0;       // K(i, i)
     Array1<double> Length; // 1..n: of the rows of K
 
-    /// W(i, j) for i and j of 1..n; run-time error 9 beyond them.
+    /// W(i, j) for i and j of 1..n; run-time error 9 for any others.
     double operator()(std::ptrdiff_t i, std::ptrdiff_t j) const {
-        return (i == j ? Peak : Values(i, j)) / Length(i);
+        return (i == j ? Peak : Values(i, j)) / Length(i > 0 ? i : -1);
     }
 
     bool IsAllocated() const { return Length.IsAllocated(); }
     void Clear() { *this = {}; }
 
-    void SetLengths(double length) { std::fill_n(Length.data(), Length.UpperBound() + 1, length); }
+    void SetLengths(std::ptrdiff_t n, double length) {
+        Length.ReDim(n);
+        std::fill_n(Length.data() + 1, n, length);
+    }
 
-    /// Makes every weight 0.
-    void SetZero() {
+    /// The weights of n Regions, all of them 0.
+    void SetZero(std::ptrdiff_t n) {
+        Values.ReDimUnset(n);
         Values.SetZero();
         Peak = 0;
-        SetLengths(1);
+        SetLengths(n, 1);
     }
 };
 

@@ -2,6 +2,9 @@
 
 #include "core/workspace/Arrays.h"
 
+#include <algorithm>
+#include <string>
+
 namespace vastrel {
 
 /// A number for each pair of n Regions: the pairs (1, 2..n), (2, 3..n) and so on, one behind the other.
@@ -29,8 +32,11 @@ public:
     /// That of the pair of i and j, two Regions of 1..n in either order; run-time error 9 for any others.
     double operator()(std::ptrdiff_t i, std::ptrdiff_t j) const {
         const std::ptrdiff_t first = std::min(i, j), second = std::max(i, j);
-        const bool isPair = first >= 1 && first < second && second <= n_;
-        return values_(isPair ? CountBefore(first) + second - first - 1 : -1);
+        if (first < 1 || first == second || second > n_)
+            RaiseCustomary(SubscriptOutOfRange, "Pairs",
+                           "The pair of " + std::to_string(i) + " and " + std::to_string(j) + " of " +
+                               std::to_string(n_) + " Regions.");
+        return values_(CountBefore(first) + second - first - 1);
     }
 
 private:

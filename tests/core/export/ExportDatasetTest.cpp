@@ -172,6 +172,11 @@ TEST_F(Export, StopsForASigmaWhoseSquareIsNothing) {
             EXPECT_EQ(ws.ExportWeights(i, j), 0);
 }
 
+TEST_F(Export, StopsForASigmaWhoseSquareIsTooLarge) {
+    ws.ExportSigma = 1e200;
+    EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), Overflow);
+}
+
 TEST_F(Export, StopsWhereTheMapHasNoArea) {
     ws.TotalShapeArea = 0;
     EXPECT_EQ(ErrorNumberOf([] { ComputeExport(ExportOption::Poisson); }), DivisionByZero);

@@ -50,7 +50,7 @@ TEST(GaussianKernel, GivesTheDiagonalValueToCoincidentPlaces) {
 
 TEST(GaussianKernel, HasOnlyItsRegions) {
     const auto kernel = KernelOf({{0, 0}, {1, 0}}, 2, 1);
-    for (const auto& [i, j] : {std::pair{0, 1}, {1, 0}, {1, 3}, {3, 3}, {-1, 2}})
+    for (const auto& [i, j] : {std::pair{0, 1}, {1, 0}, {0, 0}, {1, 3}, {3, 3}, {-1, 2}, {-1, -1}})
         EXPECT_EQ(ErrorNumberOf([&, i = i, j = j] { (void)kernel(i, j); }), SubscriptOutOfRange)
             << i << " " << j;
 }

@@ -139,9 +139,12 @@ TEST_F(KernelRows, SumTheSignsOfZerosAsPlainLoopsDo) {
 
 TEST_F(KernelRows, AreRequiredOfAllRegions) {
     const auto weights = WeightsOf({{0, 0}, {1, 0}, {0, 2}}, 3, 1);
-    Array1<double> three(3), four(4), sums;
+    Array1<double> four(4), sums;
     EXPECT_EQ(ErrorNumberOf([&] { WeightedSums(weights, four, 4, sums); }), SubscriptOutOfRange);
     EXPECT_EQ(ErrorNumberOf([&] { WeightedSums(weights, Array1<double>(2), 3, sums); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorNumberOf([&] { WeightedSums(weights, four, 2, sums); }), SubscriptOutOfRange);
+    Table<double> small(2, 3);
+    EXPECT_EQ(ErrorNumberOf([&] { PutWeights(weights, small); }), SubscriptOutOfRange);
     WeightedSums({}, {}, 0, sums);
     EXPECT_EQ(sums.UpperBound(), 0);
 }

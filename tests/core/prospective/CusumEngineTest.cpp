@@ -1,6 +1,7 @@
 #include "core/prospective/CusumEngine.h"
 
 #include "core/prospective/CusumTestTables.h"
+#include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -54,6 +55,13 @@ TEST(BuildCusumWeights, GivesOneRegionTheWeightOneAtEverySigma) {
     for (const double sigma : {CusumSigmaForZero, 0.5, 1.0, 1000.0})
         for (const double area : {0.0, 10.0})
             EXPECT_EQ(BuildCusumWeights(at, at, 1, area, sigma)(1, 1), 1) << sigma;
+}
+
+TEST(BuildCusumWeights, TellsASigmaWhoseSquareIsTooLarge) {
+    EXPECT_EQ(ErrorNumberOf([] {
+                  BuildCusumWeights(ArrayOf<double>({0, 1}), ArrayOf<double>({0, 0}), 2, 2, 1e200);
+              }),
+              Overflow);
 }
 
 TEST(BuildCusumWeights, GivesCoincidentPointsTheWeightOfTheDiagonal) {

@@ -134,6 +134,27 @@ TEST(Faults, OfABandwidthBeyondItsSquareStopTheWeights) {
     ExpectZeroWeightM(2);
 }
 
+TEST(Faults, AreNoneOfASquareThatNobodyAsksFor) {
+    Fill(1, 1);
+    ws.CurrentSigma = 1e155; // its square is too large, and one Region has no neighbour
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), 0);
+    EXPECT_NEAR(ws.WeightM(1, 1), 1, 1e-3); // of a length with few digits
+    ws.CurrentSigma = 1e165;
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), DivisionByZero); // by a length of 0
+    ExpectZeroWeightM(1);
+    ws.CurrentSigma = 1e-160;
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow); // of the square of 1 / sigma
+}
+
+TEST(Faults, OfMissingPlacesLeaveNoWeights) {
+    Fill(2, 2);
+    ws.RegionCentroid.ReDim(1);
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), SubscriptOutOfRange);
+    ExpectZeroWeightM(2);
+    EXPECT_EQ(ErrorNumberOf(BuildScoreWeights), SubscriptOutOfRange);
+    ExpectZeroMatrices(2);
+}
+
 TEST(Faults, OfCoordinatesBeyondTheirSquareStopTheWeights) {
     Fill(2, 2);
     ws.RegionCentroid(2).X = 1e200;
