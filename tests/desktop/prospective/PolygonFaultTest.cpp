@@ -84,8 +84,8 @@ TEST_F(PolygonFaultTest, TheMapOfTheRunBefore) {
     RunFields();
     const QAction* graph = Map.findChild<QAction*>("Graph");
     EXPECT_TRUE(graph->isChecked() && CanSaveResult() && CanSaveCusum());
-    Type(Screen, "txtSigma", "1e200"); // so wide that its weights do not exist
-    Script.ExpectRunTimeError(11);
+    Type(Screen, "txtSigma", "1e200"); // so wide that its square is too large
+    Script.ExpectRunTimeError(6);
     Run();
     ExpectStopped();
     EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
@@ -107,7 +107,7 @@ TEST_F(PolygonFaultTest, AContinuedRunBehindOneFromZero) {
     Press(Dialog, "cmdOK");
     EXPECT_TRUE(CanSaveResult());
     Type(Screen, "txtSigma", "1e200");
-    Script.ExpectRunTimeError(11);
+    Script.ExpectRunTimeError(6);
     Press(Dialog, "cmdOK");
     EXPECT_FALSE(CanSaveResult() || CanSaveCusum());
 }

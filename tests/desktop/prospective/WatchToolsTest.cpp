@@ -362,8 +362,8 @@ TEST_F(WatchToolsTest, AsksThePointsOfANewIdsFile) {
 TEST_F(WatchToolsTest, DrawsPlainPointsAndAsksForNoneBehindARunThatFaulted) {
     RunFromStart();
     EXPECT_TRUE(IsEnabled(Screen, "cmdSaveResult") && IsEnabled(Screen, "cmdSaveCusum"));
-    Type(Screen, "txtSigma", "1e200"); // so wide that its weights do not exist
-    Script.ExpectRunTimeError(11);
+    Type(Screen, "txtSigma", "1e200"); // so wide that its square is too large
+    Script.ExpectRunTimeError(6);
     Run();
     EXPECT_TRUE(IsEnabled(Screen, "cmdRun"));
     EXPECT_FALSE(IsEnabled(Screen, "cmdSaveResult") || IsEnabled(Screen, "cmdSaveCusum"));
