@@ -16,7 +16,7 @@ import unittest
 from loopback_ssh import LoopbackSsh
 from one_node_slurm import NotHere, OneNodeSlurm, wait_until
 
-PROJECT = BATCH = SLURM = None
+PROJECT = BATCH = SLURM = MACHINE = None
 SKIPPED = 77
 COMMAND = "retrospective-polygons"
 PARTS = 4
@@ -140,41 +140,31 @@ class InParallel(Cluster):
 
 class OverSsh(Cluster):
     def test_the_parts_of_another_machine_give_the_one_run(self):
-        with LoopbackSsh() as machine:
-            before = machine.logins()
-            os.environ["PARALLEL_SSH"] = machine.command
-            self.script("range-parallel", COMMAND, str(PARTS), "--sshlogin", machine.login)
-            self.assertGreaterEqual(machine.logins() - before, PARTS)
+        before = MACHINE.logins()
+        os.environ["PARALLEL_SSH"] = MACHINE.command
+        self.script("range-parallel", COMMAND, str(PARTS), "--sshlogin", MACHINE.login)
+        self.assertGreaterEqual(MACHINE.logins() - before, PARTS)
         self.assert_same_as_one_run()
 
 
-def run_in_parallel(words, tests):
-    if not shutil.which("parallel"):
-        print("Skipped: GNU parallel is not installed.")
-        sys.exit(SKIPPED)
-    unittest.main(argv=words, defaultTest=tests)
-
-
 def main():
-    global PROJECT, BATCH, SLURM
+    global PROJECT, BATCH, SLURM, MACHINE
     PROJECT, BATCH = (pathlib.Path(word).resolve() for word in sys.argv[1:3])
     scheduler = sys.argv[3]
     words = [sys.argv[0], *sys.argv[4:]]
+    if scheduler != "slurm" and not shutil.which("parallel"):
+        print("Skipped: GNU parallel is not installed.")
+        sys.exit(SKIPPED)
     if scheduler == "parallel":
-        run_in_parallel(words, "InParallel")
-    if scheduler == "ssh":
-        try:
-            with LoopbackSsh():
-                pass
-        except NotHere as reason:
-            print(f"Skipped: {reason}.")
-            sys.exit(SKIPPED)
-        run_in_parallel(words, "OverSsh")
+        unittest.main(argv=words, defaultTest="InParallel")
     try:
+        if scheduler == "ssh":
+            with LoopbackSsh() as MACHINE:
+                unittest.main(argv=words, defaultTest="OverSsh")
         with OneNodeSlurm() as SLURM:
             unittest.main(argv=words, defaultTest="OnSlurm")
     except NotHere as reason:
-        print(f"Skipped: no Slurm here, {reason}.")
+        print(f"Skipped: no {scheduler} here, {reason}.")
         sys.exit(SKIPPED)
 
 
