@@ -138,13 +138,6 @@ void Product(MatrixView a, MatrixView b, const Index* order, double* result, Ind
     RunTeam(WorkersFor(2 * a.Rows * b.Columns * b.Rows), [&](Team& team) { sums.Compute(team); });
 }
 
-void Gram(MatrixView w, const Index* order, double* result, Index stride) {
-    const Operand columns{w.Data, w.Columns, 1, w.Stride, order};
-    SharedSums sums(columns, columns, w.Rows, Part::UpperTriangle, result, stride);
-    RunTeam(WorkersFor(w.Columns * w.Columns * w.Rows), [&](Team& team) { sums.Compute(team); });
-    MirrorUpperTriangle(result, w.Columns, stride);
-}
-
 /// Writes rows of the lower triangle from the upper one, in square blocks so that both stay in the cache.
 void MirrorRows(double* table, Index stride, RowRange rows) {
     constexpr Index block = 32;
@@ -153,6 +146,18 @@ void MirrorRows(double* table, Index stride, RowRange rows) {
             for (Index i = i0; i < std::min(rows.Last, i0 + block); ++i)
                 for (Index j = j0; j < std::min(i, j0 + block); ++j)
                     table[i * stride + j] = table[j * stride + i];
+}
+
+/// Copies the part of an n x n table right of its diagonal to its mirror image, left of it.
+void MirrorUpperTriangle(double* table, Index n, Index stride) {
+    RunRowWorkers(WorkersFor(n * n), n, [&](RowRange range) { MirrorRows(table, stride, range); });
+}
+
+void Gram(MatrixView w, const Index* order, double* result, Index stride) {
+    const Operand columns{w.Data, w.Columns, 1, w.Stride, order};
+    SharedSums sums(columns, columns, w.Rows, Part::UpperTriangle, result, stride);
+    RunTeam(WorkersFor(w.Columns * w.Columns * w.Rows), [&](Team& team) { sums.Compute(team); });
+    MirrorUpperTriangle(result, w.Columns, stride);
 }
 
 } // namespace
@@ -186,10 +191,6 @@ void DenseGram(MatrixView w, double* result, Index resultStride) {
 
 void DenseGram(MatrixView w, const VectorOrder& order, double* result, Index resultStride) {
     Gram(w, order.data(), result, resultStride);
-}
-
-void MirrorUpperTriangle(double* table, Index n, Index stride) {
-    RunRowWorkers(WorkersFor(n * n), n, [&](RowRange range) { MirrorRows(table, stride, range); });
 }
 
 } // namespace vastrel

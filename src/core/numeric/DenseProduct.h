@@ -39,7 +39,4 @@ void DenseProductDiagonal(MatrixView a, MatrixView b, double* diagonal);
 void DenseGram(MatrixView w, double* result, std::ptrdiff_t resultStride);
 void DenseGram(MatrixView w, const VectorOrder& order, double* result, std::ptrdiff_t resultStride);
 
-/// Copies the part of an n x n table right of its diagonal to its mirror image, left of it.
-void MirrorUpperTriangle(double* table, std::ptrdiff_t n, std::ptrdiff_t stride);
-
 } // namespace vastrel
