@@ -31,11 +31,19 @@ void PutBlock(const KernelWeights& kernel, RowRange as, RowRange bs, Table<doubl
     }
 }
 
+/// A flushed element, weight or term of scores up to 2^30 and lengths from 2^-30 on changes the term by less
+/// than 2^-960.
+FaintTerms FaintTermsOf(const KernelWeights& kernel, const Array1<double>& scores, Index n) {
+    for (Index i = 1; i <= n; ++i)
+        if (!(std::fabs(scores(i)) <= 0x1p30) || !(kernel.Length(i) >= 0x1p-30)) return FaintTerms::Told;
+    return FaintTerms::Flushed;
+}
+
 } // namespace
 
 void RowNormalise(KernelWeights& kernel) {
     const auto square = [](auto value, auto, auto) { return value * value; };
-    SumAlongPairs(kernel.Values, kernel.Peak, square, kernel.Length);
+    SumAlongPairs(kernel.Values, kernel.Peak, square, FaintTerms::FlushedOfOneSign, kernel.Length);
     for (Index i = 1; i <= kernel.Length.UpperBound(); ++i) {
         kernel.Length(i) = std::sqrt(kernel.Length(i));
         if (kernel.Length(i) == 0) std::feraiseexcept(FE_DIVBYZERO); // the row cannot be scaled
@@ -77,7 +85,7 @@ void WeightedSums(const KernelWeights& kernel, const Array1<double>& scores, Ind
     const auto weighted = [&](auto value, auto i, auto j) {
         return j.Of(scores) * (value / i.Of(kernel.Length));
     };
-    SumAlongPairs(kernel.Values, kernel.Peak, weighted, sums);
+    SumAlongPairs(kernel.Values, kernel.Peak, weighted, FaintTermsOf(kernel, scores, n), sums);
 }
 
 } // namespace vastrel

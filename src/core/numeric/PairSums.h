@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/numeric/FaintFlush.h"
+#include "core/numeric/FaintSums.h"
 #include "core/numeric/RowWorkers.h"
 #include "core/numeric/Vectors.h"
 #include "core/workspace/Pairs.h"
@@ -37,9 +39,9 @@ struct SomeRegions {
 template <typename Term>
 class PairSums {
 public:
-    PairSums(const Pairs& pairs, double diagonal, const Term& term, Array1<double>& sums)
-        : pairs_(pairs), diagonal_(diagonal), term_(term), n_(pairs.Regions()), sum_(sums.data()),
-          rowsDone_(static_cast<std::size_t>((n_ + Width - 1) / Width)) {}
+    PairSums(const Pairs& pairs, double diagonal, const Term& term, FaintTerms faint, Array1<double>& sums)
+        : pairs_(pairs), diagonal_(diagonal), term_(term), faint_(faint), n_(pairs.Regions()),
+          sum_(sums.data()), rowsDone_(static_cast<std::size_t>((n_ + Width - 1) / Width)) {}
 
     /// Takes strips from left to right until none is left; for any number of threads at once.
     void Work() {
@@ -49,28 +51,33 @@ public:
 
 private:
     using Index = std::ptrdiff_t;
+    using Vector = SomeRegions::Value;
 
     static constexpr Index Width = 128;
     static constexpr Index Together = 8; // rows whose sums advance together, since additions wait for another
     static constexpr Index Piece = 32;   // rows between two looks at the strip to the left
     static_assert(Width % Piece == 0 && Piece % Together == 0);
 
-    using Terms = std::array<std::array<double, Width>, Together>; // of the sums of some rows
+    /// A strip in work.
+    struct Strip {
+        Index First = 0, End = 0;
+        double Terms[Width][Together]{}; // of some rows, for each of its columns
+        bool MayBeFaint = true;          // a sum of its columns
 
-    void WorkDown(std::size_t strip) {
-        const Index first = 1 + static_cast<Index>(strip) * Width, end = std::min(n_ + 1, first + Width);
-        Terms terms{};
+        Index Columns() const { return End - First; }
+    };
+
+    void WorkDown(std::size_t at) {
+        const Index first = 1 + static_cast<Index>(at) * Width;
+        Strip strip{first, std::min(n_ + 1, first + Width)};
         for (Index row = 1; row < first; row += Piece) {
-            WaitFor(strip - 1, row + Piece - 1);
+            WaitFor(at - 1, row + Piece - 1);
             for (Index i = row; i < row + Piece; i += Together)
-                TakeRows<Together>(i, first, end, terms);
-            Report(strip, row + Piece - 1);
+                TakeRowsAbove(i, strip);
+            Report(at, row + Piece - 1);
         }
-        for (Index i = first; i < end; ++i) {
-            sum_[i] = sum_[i] + term_(diagonal_, OneRegion{i}, OneRegion{i});
-            TakeRows<1>(i, i + 1, end, terms);
-        }
-        Report(strip, n_);
+        TakeTriangle(strip);
+        Report(at, n_);
     }
 
     void WaitFor(std::size_t strip, Index row) {
@@ -83,49 +90,110 @@ private:
         rowsDone_[strip].notify_all();
     }
 
-    /// Adds the pairs of rows i, i + 1 and so on with the Regions first .. end - 1 to the sums of both.
-    template <std::size_t Rows>
-    void TakeRows(Index i, Index first, Index end, Terms& terms) {
-        std::array<const double*, Rows> row{};
-        for (std::size_t r = 0; r < Rows; ++r) {
-            const Index region = i + static_cast<Index>(r);
-            row[r] = pairs_.After(region) + (first - region - 1);
-        }
-        const auto take = [&]<typename Columns>(Columns columns) {
-            using Value = typename Columns::Value;
-            const Index at = columns.First - first;
-            Value sum = *reinterpret_cast<const Value*>(sum_ + columns.First);
-#pragma GCC unroll 8
-            for (std::size_t r = 0; r < Rows; ++r) {
-                const OneRegion region{i + static_cast<Index>(r)};
-                const auto value = *reinterpret_cast<const Value*>(row[r] + at);
-                sum = sum + term_(value, columns, region);
-                *reinterpret_cast<Value*>(terms[r].data() + at) = term_(value, region, columns);
-            }
-            *reinterpret_cast<Value*>(sum_ + columns.First) = sum;
-        };
-        Index j = first;
-        for (; j + SomeRegions::Count <= end; j += SomeRegions::Count)
-            take(SomeRegions{j});
-        for (; j < end; ++j)
-            take(OneRegion{j});
-        AddAlongRows<Rows>(terms, static_cast<std::size_t>(end - first), sum_ + i);
+    /// Adds the pairs of some rows from i on with the columns of a strip to the sums of both.
+    void TakeRowsAbove(Index i, Strip& strip) {
+        const bool mayFlush =
+            faint_ != FaintTerms::Told && !strip.MayBeFaint && !AnyIsFaint(sum_ + i, Together);
+        if (mayFlush && AddFlushed(i, strip)) return;
+        AddRows<false>(i, strip);
+        strip.MayBeFaint = AnyIsFaint(sum_ + strip.First, strip.Columns());
     }
 
-    template <std::size_t Rows>
-    static void AddAlongRows(const Terms& terms, std::size_t count, double* sum) {
-        std::array<double, Rows> sums{};
-        std::copy_n(sum, Rows, sums.begin());
-        for (std::size_t at = 0; at < count; ++at)
+    /// Takes faint terms for zero; where a sum became so small that it may have felt one, puts all sums back
+    /// and says no.
+    bool AddFlushed(Index i, Strip& strip) {
+        std::array<double, Together> rowSums{};
+        std::array<double, Width> columnSums{};
+        std::copy_n(sum_ + i, Together, rowSums.begin());
+        std::copy_n(sum_ + strip.First, strip.Columns(), columnSums.begin());
+        {
+            const FaintFlush flush(true);
+            const bool onlyGrow = faint_ == FaintTerms::FlushedOfOneSign;
+            if (onlyGrow ? AddRows<false>(i, strip) : AddRows<true>(i, strip)) return true;
+        }
+        std::copy_n(rowSums.begin(), Together, sum_ + i);
+        std::copy_n(columnSums.begin(), strip.Columns(), sum_ + strip.First);
+        return false;
+    }
+
+    /// Whether no sum was seen to be faint. A look at every second one is enough: a faint sum is as faint
+    /// after a flushed term. This is no part of its callers, so that it stays within their FaintFlush.
+    template <bool Watched>
+    [[gnu::noinline]] bool AddRows(Index i, Strip& strip) {
+        const double* row[Together];
+        for (Index r = 0; r < Together; ++r)
+            row[r] = pairs_.After(i + r) + (strip.First - (i + r) - 1);
+        FaintWatch<Watched> watch;
+        Index j = strip.First;
+        for (; j + SomeRegions::Count <= strip.End; j += SomeRegions::Count) {
+            const SomeRegions columns{j};
+            const Index at = j - strip.First;
+            Vector sums = At(sum_ + j);
 #pragma GCC unroll 8
-            for (std::size_t r = 0; r < Rows; ++r)
-                sums[r] = sums[r] + terms[r][at];
-        std::copy_n(sums.begin(), Rows, sum);
+            for (Index r = 0; r < Together; r += 2) {
+                const OneRegion upper{i + r}, lower{i + r + 1};
+                const Vector above = At(row[r] + at), below = At(row[r + 1] + at);
+                sums = sums + term_(above, columns, upper);
+                sums = watch(sums + term_(below, columns, lower));
+                const Vector ofUpper = term_(above, upper, columns), ofLower = term_(below, lower, columns);
+                Put(__builtin_shufflevector(ofUpper, ofLower, 0, 2), strip.Terms[at] + r);
+                Put(__builtin_shufflevector(ofUpper, ofLower, 1, 3), strip.Terms[at + 1] + r);
+            }
+            Put(sums, sum_ + j);
+        }
+        for (; j < strip.End; ++j)
+            for (Index r = 0; r < Together; ++r) {
+                const OneRegion region{i + r}, column{j};
+                const double value = row[r][j - strip.First];
+                sum_[j] = watch(sum_[j] + term_(value, column, region));
+                strip.Terms[j - strip.First][r] = term_(value, region, column);
+            }
+        AddAlongRows(strip, sum_ + i, watch);
+        return !watch.SawFaint();
+    }
+
+    template <bool Watched>
+    static void AddAlongRows(const Strip& strip, double* rowSums, FaintWatch<Watched>& watch) {
+        constexpr Index vectors = Together / SomeRegions::Count;
+        Vector sums[vectors];
+#pragma GCC unroll 8
+        for (Index v = 0; v < vectors; ++v)
+            sums[v] = At(rowSums + v * SomeRegions::Count);
+        for (Index at = 0; at < strip.Columns(); ++at)
+#pragma GCC unroll 8
+            for (Index v = 0; v < vectors; ++v)
+                sums[v] = watch(sums[v] + At(strip.Terms[at] + v * SomeRegions::Count));
+#pragma GCC unroll 8
+        for (Index v = 0; v < vectors; ++v)
+            Put(sums[v], rowSums + v * SomeRegions::Count);
+    }
+
+    /// The pairs of a strip's own Regions with each other.
+    void TakeTriangle(const Strip& strip) {
+        for (Index i = strip.First; i < strip.End; ++i) {
+            const OneRegion row{i};
+            const double* value = pairs_.After(i);
+            double sum = sum_[i] + term_(diagonal_, row, row);
+            for (Index j = i + 1; j < strip.End; ++j, ++value) {
+                const OneRegion column{j};
+                sum_[j] = sum_[j] + term_(*value, column, row);
+                sum = sum + term_(*value, row, column);
+            }
+            sum_[i] = sum;
+        }
+    }
+
+    static Vector At(const double* numbers) {
+        return *reinterpret_cast<const Vector*>(numbers);
+    }
+    static void Put(Vector numbers, double* to) {
+        *reinterpret_cast<Vector*>(to) = numbers;
     }
 
     const Pairs& pairs_;
     const double diagonal_;
     const Term& term_;
+    const FaintTerms faint_;
     const Index n_;
     double* const sum_;
     std::vector<std::atomic<Index>> rowsDone_; // of each strip
@@ -135,13 +203,14 @@ private:
 /// sums(i) = the sum over j = 1..n, ascending, of term(K(i, j), i, j), for each i = 1..n of the symmetric
 /// matrix K of `pairs` and the number on its diagonal; on all workers. The term takes one element with an
 /// OneRegion for each of i and j, or some elements with SomeRegions for the one or the other, and does not
-/// throw.
+/// throw. Where faint terms may be flushed, a term under a FaintFlush is off by less than 2^-960.
 template <typename Term>
-void SumAlongPairs(const Pairs& pairs, double diagonal, const Term& term, Array1<double>& sums) {
+void SumAlongPairs(const Pairs& pairs, double diagonal, const Term& term, FaintTerms faint,
+                   Array1<double>& sums) {
     constexpr std::ptrdiff_t operations = 4;
     const std::ptrdiff_t n = pairs.Regions();
     sums.ReDim(n);
-    PairSums work(pairs, diagonal, term, sums);
+    PairSums work(pairs, diagonal, term, faint, sums);
     RunTeam(WorkersFor(n * n * operations), [&](Team&) { work.Work(); });
 }
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cfenv>
 #include <cmath>
 #include <cstring>
@@ -135,6 +136,36 @@ TEST_F(KernelRows, SumTheSignsOfZerosAsPlainLoopsDo) {
     WeightedSums(WeightsOf({{0, 0}, {1, 0}, {0, 2}}, 3, 1), scores, 3, sums);
     for (std::ptrdiff_t i = 1; i <= 3; ++i)
         EXPECT_TRUE(SameBits(sums(i), 0.0)) << i; // 0 + -0
+}
+
+TEST_F(KernelRows, TellSubnormalElementsWhereScoresOrLengthsRaiseThem) {
+    constexpr std::ptrdiff_t n = 300;
+    KernelWeights kernel;
+    kernel.SetZero(n);
+    std::fill_n(kernel.Values.All(), kernel.Values.Count(), 1e-310);
+    Array1<double> scores(n);
+    const auto expectPlainSums = [&] {
+        Array1<double> sums;
+        WeightedSums(kernel, scores, n, sums);
+        for (std::ptrdiff_t i = 1; i <= n; ++i) {
+            double sum = 0;
+            for (std::ptrdiff_t j = 1; j <= n; ++j)
+                sum = sum + scores(j) * kernel(i, j);
+            EXPECT_TRUE(SameBits(sums(i), sum)) << i;
+        }
+    };
+    for (std::ptrdiff_t i = 1; i <= n; ++i) {
+        scores(i) = i == 3 || i == 150 ? 1e290 : 1;
+        kernel.Length(i) = 1;
+    }
+    kernel.Peak = 1e-20;
+    expectPlainSums();
+    for (std::ptrdiff_t i = 1; i <= n; ++i) {
+        scores(i) = 1;
+        kernel.Length(i) = 1e-200;
+    }
+    kernel.Peak = 1e-300;
+    expectPlainSums();
 }
 
 TEST_F(KernelRows, AreRequiredOfAllRegions) {
