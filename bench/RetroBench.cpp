@@ -110,13 +110,13 @@ void PlainNormalP(benchmark::State& state) {
 }
 
 const bool registered = [] {
-    for (const auto& variable : Variables) {
-        for (const int n : {1068, 3085})
-            RegisterSweep(variable, n, 0, Length::Long);
-        RegisterSweep(variable, 6000, 0, Length::VeryLong);
-        for (const int n : {1068, 3085})
-            RegisterSweep(variable, n, 1, Length::VeryLong);
-    }
+    for (const auto& variable : Variables)
+        for (const int n : {1068, 3085, 6000})
+            for (const int workers : {0, 1}) {
+                const bool takesMinutes = MapsScore(variable.Variable) && n * (workers == 1 ? 2 : 1) >= 6000;
+                if (n < 6000 || workers == 0)
+                    RegisterSweep(variable, n, workers, takesMinutes ? Length::VeryLong : Length::Long);
+            }
     for (const int n : {250, 500, 1000, 1500, 2000, 3085})
         Register("bandwidth/" + std::to_string(n) + "/adjusted/all", n < 1000 ? Length::Short : Length::Long,
                  [n](benchmark::State& state) { Bandwidth(state, n); });

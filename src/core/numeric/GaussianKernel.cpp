@@ -59,7 +59,7 @@ void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistance
 
 void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, KernelWeights& kernel) {
     const std::ptrdiff_t n = squaredDistances.Regions();
-    kernel.SetLengths(n, 1);
+    kernel.SetUnitLengths(n);
     if (&squaredDistances != &kernel.Values) kernel.Values.ReDimUnset(n);
 
     const double peak = kernel.Peak = 1 / (sigma * std::sqrt(NineDigitPi));

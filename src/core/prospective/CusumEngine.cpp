@@ -2,6 +2,7 @@
 
 #include "core/numeric/DenseProduct.h"
 #include "core/numeric/KernelRows.h"
+#include "core/numeric/Memory.h"
 #include "core/numeric/RunProcedure.h"
 #include "core/prospective/CusumArithmetic.h"
 
@@ -24,8 +25,10 @@ Table<double> BuildCusumWeights(const Array1<double>& x, const Array1<double>& y
                                 double area, double sigma) {
     // The distance of this test is defined with y before x; the sum of two squares is the same to the bit.
     const auto at = Places(x, y, n);
-    Table<double> weights;
-    ReDimWithinMemory(weights, n, n, "BuildCusumWeights");
+    constexpr double tables = 1.5; // the weights, and beside them the kernel that they are put from
+    const auto count = static_cast<double>(n + 1);
+    RequireMemory(tables * count * count * sizeof(double), "BuildCusumWeights");
+    Table<double> weights(n, n);
     RunProcedure(
         "BuildCusumWeights", [&] { PutWeights(GaussianWeights(at, n, area, sigma), weights); }, [] {});
     return weights;

@@ -21,9 +21,10 @@ struct KernelWeights {
     bool IsAllocated() const { return Length.IsAllocated(); }
     void Clear() { *this = {}; }
 
-    void SetLengths(std::ptrdiff_t n, double length) {
+    /// The lengths of n rows, all of them 1.
+    void SetUnitLengths(std::ptrdiff_t n) {
         Length.ReDim(n);
-        std::fill_n(Length.data() + 1, n, length);
+        std::fill_n(Length.data() + 1, n, 1.0);
     }
 
     /// The weights of n Regions, all of them 0.
@@ -31,7 +32,7 @@ struct KernelWeights {
         Values.ReDimUnset(n);
         Values.SetZero();
         Peak = 0;
-        SetLengths(n, 1);
+        SetUnitLengths(n);
     }
 };
 

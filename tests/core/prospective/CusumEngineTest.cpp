@@ -1,5 +1,6 @@
 #include "core/prospective/CusumEngine.h"
 
+#include "core/platform/AvailableMemory.h"
 #include "core/prospective/CusumTestTables.h"
 #include "support/RaisedError.h"
 
@@ -62,6 +63,17 @@ TEST(BuildCusumWeights, TellsASigmaWhoseSquareIsTooLarge) {
                   BuildCusumWeights(ArrayOf<double>({0, 1}), ArrayOf<double>({0, 0}), 2, 2, 1e200);
               }),
               Overflow);
+}
+
+TEST(BuildCusumWeights, AsksForTheWeightsAndTheKernelAtOnce) {
+    static std::uint64_t left; // a table of 4 x 4 elements and half of one
+    const auto x = ArrayOf<double>({1, 2, 4}), y = ArrayOf<double>({1, 2, 5});
+    ForceAvailableMemory([] { return left; });
+    left = 24 * 8 - 1;
+    EXPECT_EQ(ErrorNumberOf([&] { BuildCusumWeights(x, y, 3, 3, 1); }), OutOfMemory);
+    left = 24 * 8;
+    EXPECT_EQ(BuildCusumWeights(x, y, 3, 3, 1).UpperBound1(), 3);
+    ForceAvailableMemory({});
 }
 
 TEST(BuildCusumWeights, GivesCoincidentPointsTheWeightOfTheDiagonal) {
