@@ -69,14 +69,9 @@ void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, Ke
     const double* from = squaredDistances.All();
     double* to = kernel.Values.All();
     const auto takePiece = [=](RowRange pairs) {
-        const std::ptrdiff_t length = pairs.Last - pairs.First;
-        double* values = to + pairs.First;
-        ForEachNumber(from + pairs.First, length, values,
-                      [=](auto squared) { return (squared * -1.0) / spread; });
-        Exponentials(values, length, values);
-        ForEachNumber(values, length, values, [=](auto exponential) { return peak * exponential; });
+        GaussianValues(from + pairs.First, pairs.Last - pairs.First, spread, peak, to + pairs.First);
     };
-    constexpr std::ptrdiff_t piece = 2048; // stays in the cache between its steps
+    constexpr std::ptrdiff_t piece = 8192;
     RunTeam(WorkersFor(count * ExponentialCost),
             [&](Team& team) { team.Share(count, piece, piece, takePiece); });
 }

@@ -162,3 +162,37 @@ TEST(Exponentials, FaultsAreThoseOfTheScalarFunction) {
         }
     }
 }
+
+TEST(GaussianValues, AreThoseOfTheScalarFunctionOnEveryInstructionSet) {
+    constexpr double spread = 1.7, peak = 0.3;
+    std::vector<double> squares, expected;
+    for (const double x : ArgumentsOfEveryKind()) {
+        squares.push_back(-x * spread);
+        expected.push_back(peak * Exponential(-squares.back() / spread));
+    }
+    for (const auto& machine : Machines()) {
+        SCOPED_TRACE(machine);
+        const ForcedMachine forced(machine);
+        std::vector<double> result = squares;
+        GaussianValues(result.data(), static_cast<std::ptrdiff_t>(result.size()), spread, peak,
+                       result.data());
+        ExpectSameBits(result, expected, squares);
+    }
+}
+
+TEST(GaussianValues, RaiseNoFaultForAVectorThatIsNotFull) {
+    // 4 / 0 is a division by zero, and e to the power of minus infinity is 0; only 0 / 0 would be invalid.
+    for (const auto& machine : Machines()) {
+        SCOPED_TRACE(machine);
+        const ForcedMachine forced(machine);
+        for (std::ptrdiff_t n = 1; n < 20; ++n) {
+            std::vector<double> values(static_cast<std::size_t>(n), 4.0);
+            const int raised = OutcomeOf([&] {
+                                   GaussianValues(values.data(), n, 0, 1, values.data());
+                                   return values.back();
+                               }).Faults;
+            EXPECT_EQ(raised, FE_DIVBYZERO) << n;
+            EXPECT_EQ(values.back(), 0) << n;
+        }
+    }
+}
