@@ -62,7 +62,7 @@ template <int Bytes, typename Around>
     constexpr Index lanes = VectorOf<Bytes>::Lanes;
     // Arguments are told apart by their bits, as whole numbers: the comparison of a NaN would raise a fault.
     // The sign of a difference says which of two is greater.
-    constexpr auto sign = std::bit_cast<long long>(-0.0);
+    constexpr auto sign = std::bit_cast<long long>(-0.0), one = std::bit_cast<long long>(1.0);
     constexpr auto largest = std::bit_cast<long long>(708.0);   // that the quick step takes
     constexpr auto vanishing = std::bit_cast<long long>(745.2); // whose negative has the result 0
     constexpr auto infinity = 0x7FFLL << 52;
@@ -79,8 +79,12 @@ template <int Bytes, typename Around>
         QuickResult<Bytes> quick{};
         QuickExponential(reinterpret_cast<Vector>(bits & ~isOutside), quick);
         const Bits others = (quick.Doubt & ~isOutside) | (isOutside & ~isZero & sign);
+        // A lane that is worked out anew has the exponential 1 until then, which raises no fault in a
+        // product.
+        const Bits isOpen = others != 0;
+        const Bits known = reinterpret_cast<Bits>(quick.Value) & ~isOutside & ~isOpen;
         Vector value;
-        around.TakeValue(reinterpret_cast<Vector>(reinterpret_cast<Bits>(quick.Value) & ~isOutside), value);
+        around.TakeValue(reinterpret_cast<Vector>(known | (one & isOpen)), value);
         *reinterpret_cast<Unaligned*>(result + i) = value;
         *reinterpret_cast<UnalignedBits*>(rest.Doubt.data() + i) = others;
         anyDoubt |= others;

@@ -31,11 +31,13 @@ void PutBlock(const KernelWeights& kernel, RowRange as, RowRange bs, Table<doubl
     }
 }
 
-/// A flushed element, weight or term of scores up to 2^30 and lengths from 2^-30 on changes the term by less
-/// than 2^-960.
+/// Of rows of length 1, scores up to 2^30 and divisors from 2^-30 on, a term with an element, score, weight
+/// or product that is flushed was below 2^-960. The comparisons raise no fault for a score that is no number.
 FaintTerms FaintTermsOf(const KernelWeights& kernel, const Array1<double>& scores, Index n) {
     for (Index i = 1; i <= n; ++i)
-        if (!(std::fabs(scores(i)) <= 0x1p30) || !(kernel.Length(i) >= 0x1p-30)) return FaintTerms::Told;
+        if (!std::islessequal(std::fabs(scores(i)), 0x1p30) ||
+            !std::isgreaterequal(kernel.Length(i), 0x1p-30))
+            return FaintTerms::Told;
     return FaintTerms::Flushed;
 }
 

@@ -10,6 +10,7 @@
 #include <cfenv>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <random>
 
 using namespace vastrel;
@@ -166,6 +167,17 @@ TEST_F(KernelRows, TellSubnormalElementsWhereScoresOrLengthsRaiseThem) {
     }
     kernel.Peak = 1e-300;
     expectPlainSums();
+}
+
+TEST_F(KernelRows, TakeAScoreThatIsNoNumberWithoutAFault) {
+    const Country country(300, 2);
+    const KernelWeights weights = GaussianWeights(country.Store.RegionCentroid, 300, 300, 2);
+    Array1<double> scores = country.Scores, sums;
+    scores(7) = std::numeric_limits<double>::quiet_NaN();
+    std::feclearexcept(FE_ALL_EXCEPT);
+    WeightedSums(weights, scores, 300, sums);
+    EXPECT_FALSE(std::fetestexcept(FE_INVALID));
+    EXPECT_TRUE(std::isnan(sums(8)));
 }
 
 TEST_F(KernelRows, AreRequiredOfAllRegions) {
