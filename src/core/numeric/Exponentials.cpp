@@ -69,8 +69,9 @@ template <int Bytes, typename Around>
 
     Bits anyDoubt{};
     for (Index i = 0; i < length; i += lanes) {
+        const Vector number = *reinterpret_cast<const Unaligned*>(x + i);
         Vector argument;
-        around.TakeArgument(Vector(*reinterpret_cast<const Unaligned*>(x + i)), argument);
+        around.TakeArgument(number, argument);
         *reinterpret_cast<Unaligned*>(rest.Arguments.data() + i) = argument;
         const Bits bits = reinterpret_cast<Bits>(argument);
         const Bits magnitude = bits & ~sign;

@@ -203,8 +203,8 @@ private:
 /// sums(i) = the sum over j = 1..n, ascending, of term(K(i, j), i, j), for each i = 1..n of the symmetric
 /// matrix K of `pairs` and the number on its diagonal; on all workers. The term takes one element with an
 /// OneRegion for each of i and j, or some elements with SomeRegions for the one or the other, and does not
-/// throw. Where faint terms may be flushed, a term that a FaintFlush changes becomes
-/// zero, and was below 2^-960.
+/// throw. Where faint terms may be flushed, a term that a FaintFlush changes becomes zero,
+/// and was below 2^-960.
 template <typename Term>
 void SumAlongPairs(const Pairs& pairs, double diagonal, const Term& term, FaintTerms faint,
                    Array1<double>& sums) {

@@ -50,7 +50,7 @@ bool SameBits(double a, double b) {
 }
 
 bool SameBits(const Array1<double>& a, const Array1<double>& b) {
-    return a.UpperBound() == b.UpperBound() && std::equal(a.data(), a.data() + a.UpperBound() + 1, b.data(),
+    return a.UpperBound() == b.UpperBound() && std::equal(a.data(), a.data() + (a.UpperBound() + 1), b.data(),
                                                           [](double x, double y) { return SameBits(x, y); });
 }
 

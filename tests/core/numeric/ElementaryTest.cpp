@@ -200,10 +200,8 @@ TEST(GaussianValues, RaiseNoFaultForAVectorThatIsNotFull) {
 TEST(GaussianValues, RaiseNoFaultsOfTheirOwn) {
     // Where the exponential is worked out anew: it is subnormal, no number, or hard to round beside a peak
     // that the next larger one would lift over the largest number.
-    const double infinity = std::numeric_limits<double>::infinity();
-    const std::pair<double, double> squareAndPeak[] = {{720, infinity},
-                                                       {std::numeric_limits<double>::quiet_NaN(), infinity},
-                                                       {-0x1.0f171fffffffdp-1, 0x1.2d86468fdbab5p+1023}};
+    const std::pair<double, double> squareAndPeak[] = {
+        {720, infinity}, {std::nan(""), infinity}, {-0x1.0f171fffffffdp-1, 0x1.2d86468fdbab5p+1023}};
     for (const auto& machine : Machines()) {
         SCOPED_TRACE(machine);
         const ForcedMachine forced(machine);

@@ -64,7 +64,7 @@ void ExpectDataset(const std::string& path) {
 TEST(BesideDataset, PaddingBeforeTheFirstRecordIsPassedOver) {
     const TemporaryFolder folder;
     EXPECT_EQ(RowsOf(folder, SoundTable), Rows);
-    for (const size_t padding : {1, 2, 31, 32, 263, 5000})
+    for (const size_t padding : {1U, 2U, 31U, 32U, 263U, 5000U})
         for (const char fill : {'\0', ' ', '*', '\x0D', '\x1A'}) {
             const size_t length = WholeHeader + padding;
             const std::string told{static_cast<char>(length & 0xFF), static_cast<char>(length >> 8)};

@@ -70,7 +70,7 @@ bool IsKnown(long number) {
 }
 
 bool IsFinite(const Array1<double>& values) {
-    return std::all_of(values.data(), values.data() + values.UpperBound() + 1,
+    return std::all_of(values.data(), values.data() + (values.UpperBound() + 1),
                        [](double value) { return std::isfinite(value); });
 }
 
