@@ -59,13 +59,12 @@ inline Outcome Computed(std::ptrdiff_t rows, std::ptrdiff_t columns,
 /// The plain outcome against that of the product on every machine.
 inline void ExpectSameOutcome(const Outcome& plain, const std::function<void(double*, std::ptrdiff_t)>& fast,
                               const std::vector<Machine>& machines = Machines()) {
-    for (const auto& machine : machines) {
-        SCOPED_TRACE(testing::Message() << machine);
-        const ForcedMachine forced(machine);
+    const auto expectSame = [&] {
         const Outcome product = Computed(plain.Result.Rows, plain.Result.Columns, fast);
         EXPECT_TRUE(product.Result.SameBits(plain.Result));
         EXPECT_EQ(product.Flags, plain.Flags);
-    }
+    };
+    OnEveryMachine(expectSame, machines);
 }
 
 } // namespace vastrel

@@ -67,4 +67,12 @@ ForcedMachine::~ForcedMachine() {
     Force(MachineOfTheRun());
 }
 
+void OnEveryMachine(const std::function<void()>& body, const std::vector<Machine>& machines) {
+    for (const auto& machine : machines) {
+        SCOPED_TRACE(machine);
+        const ForcedMachine forced(machine);
+        body();
+    }
+}
+
 } // namespace vastrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -26,5 +27,8 @@ public:
     ForcedMachine(const ForcedMachine&) = delete;
     ForcedMachine& operator=(const ForcedMachine&) = delete;
 };
+
+/// Runs a test's body with each of the machines forced; what fails is told with the machine.
+void OnEveryMachine(const std::function<void()>& body, const std::vector<Machine>& machines = Machines());
 
 } // namespace vastrel

@@ -1,6 +1,6 @@
 #include "core/display/BandwidthAnimation.h"
 
-#include "support/Points.h"
+#include "support/Arrays.h"
 #include "support/PolygonFile.h"
 #include "support/RaisedError.h"
 #include "support/RecorderSurface.h"

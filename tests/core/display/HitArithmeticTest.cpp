@@ -1,6 +1,6 @@
 #include "core/display/HitArithmetic.h"
 
-#include "support/Points.h"
+#include "support/Arrays.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "core/display/LegendClasses.h"
 
-#include "support/Points.h"
+#include "support/Arrays.h"
 #include "support/RaisedError.h"
 #include "support/ScriptedPlatform.h"
 

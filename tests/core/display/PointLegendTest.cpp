@@ -1,8 +1,8 @@
 #include "core/display/PointLegend.h"
 
 #include "core/display/LegendClasses.h"
+#include "support/Arrays.h"
 #include "support/Golden.h"
-#include "support/Points.h"
 #include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 

@@ -2,6 +2,7 @@
 
 #include "core/display/MapSizes.h"
 #include "core/display/MapZoom.h"
+#include "support/Arrays.h"
 #include "support/Golden.h"
 #include "support/Points.h"
 #include "support/RaisedError.h"

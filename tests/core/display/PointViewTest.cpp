@@ -3,7 +3,7 @@
 #include "core/display/PointView.h"
 
 #include "core/display/MapSizes.h"
-#include "support/Points.h"
+#include "support/Arrays.h"
 #include "support/RaisedError.h"
 
 #include <gtest/gtest.h>

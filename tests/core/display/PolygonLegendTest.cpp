@@ -1,7 +1,7 @@
 #include "core/display/PolygonLegend.h"
 
 #include "core/display/LegendClasses.h"
-#include "support/Points.h"
+#include "support/Arrays.h"
 #include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
 

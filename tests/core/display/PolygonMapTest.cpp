@@ -3,7 +3,7 @@
 #include "core/display/Pan.h"
 #include "core/spatial/CPolygon.h"
 #include "core/spatial/Centroids.h"
-#include "support/Points.h"
+#include "support/Arrays.h"
 #include "support/PolygonFile.h"
 #include "support/RaisedError.h"
 #include "support/RecorderSurface.h"

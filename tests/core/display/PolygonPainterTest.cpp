@@ -1,7 +1,7 @@
 #include "core/display/PolygonPainter.h"
 
 #include "core/display/LegendClasses.h"
-#include "support/Points.h"
+#include "support/Arrays.h"
 #include "support/PolygonFile.h"
 #include "support/RaisedError.h"
 #include "support/RecorderSurface.h"

@@ -116,15 +116,14 @@ TEST(BitEquality, SingleRunsEqualThePlainLoopsInEveryBitOnEveryMachine) {
             Workspace plain = dataset;
             plain.CurrentSigma = sigma;
             PlainSingle(variable, plain);
-            for (const auto& machine : Machines()) {
-                SCOPED_TRACE(testing::Message() << "variable " << static_cast<int>(variable) << ", sigma "
-                                                << sigma << ", " << machine);
-                const ForcedMachine forced(machine);
+            SCOPED_TRACE(testing::Message()
+                         << "variable " << static_cast<int>(variable) << ", sigma " << sigma);
+            OnEveryMachine([&] {
                 ws = dataset;
                 ws.CurrentSigma = sigma;
                 RunSingleProcedures(variable);
                 ExpectSameResults(plain);
-            }
+            });
         }
 }
 
@@ -134,13 +133,12 @@ TEST(BitEquality, SweepsEqualThePlainLoopsInEveryBitOnEveryMachine) {
     for (const auto variable : Variables) {
         Workspace plain = dataset;
         PlainSweep(variable, 0.2, 2, 0.9, plain);
-        for (const auto& machine : Machines()) {
-            SCOPED_TRACE(testing::Message() << "variable " << static_cast<int>(variable) << ", " << machine);
-            const ForcedMachine forced(machine);
+        SCOPED_TRACE(testing::Message() << "variable " << static_cast<int>(variable));
+        OnEveryMachine([&] {
             ws = dataset;
             ASSERT_TRUE(RunSweep(variable, {"0.2", "2", "0.9"}, PolygonRules(), [](const std::string&) {}));
             ExpectSameResults(plain);
-        }
+        });
     }
 }
 

@@ -120,19 +120,15 @@ TEST(Exponentials, AreThoseOfTheScalarFunctionOnEveryInstructionSet) {
     std::vector<double> expected;
     for (const double x : arguments)
         expected.push_back(Exponential(x));
-    for (const auto& machine : Machines()) {
-        SCOPED_TRACE(machine);
-        const ForcedMachine forced(machine);
+    OnEveryMachine([&] {
         std::vector<double> result(arguments.size());
         Exponentials(arguments.data(), static_cast<std::ptrdiff_t>(arguments.size()), result.data());
         ExpectSameBits(result, expected, arguments);
-    }
+    });
 }
 
 TEST(Exponentials, OfAnyCountInPlaceLeaveTheNeighboursAlone) {
-    for (const auto& machine : Machines()) {
-        SCOPED_TRACE(machine);
-        const ForcedMachine forced(machine);
+    OnEveryMachine([&] {
         for (std::ptrdiff_t n = 0; n < 40; ++n) {
             std::vector<double> values(static_cast<std::size_t>(n) + 2, 7.0);
             for (std::size_t i = 1; i + 1 < values.size(); ++i)
@@ -144,13 +140,11 @@ TEST(Exponentials, OfAnyCountInPlaceLeaveTheNeighboursAlone) {
             for (std::size_t i = 1; i + 1 < values.size(); ++i)
                 EXPECT_EQ(values[i], Exponential(arguments[i]));
         }
-    }
+    });
 }
 
 TEST(Exponentials, FaultsAreThoseOfTheScalarFunction) {
-    for (const auto& machine : Machines()) {
-        SCOPED_TRACE(machine);
-        const ForcedMachine forced(machine);
+    OnEveryMachine([&] {
         for (const double x : Limits) {
             std::vector<double> values(16, -1.0), results(16);
             values[5] = x;
@@ -160,7 +154,7 @@ TEST(Exponentials, FaultsAreThoseOfTheScalarFunction) {
                                }).Faults;
             EXPECT_EQ(raised, OutcomeOf([&] { return Exponential(x); }).Faults) << x;
         }
-    }
+    });
 }
 
 TEST(GaussianValues, AreThoseOfTheScalarFunctionOnEveryInstructionSet) {
@@ -170,21 +164,17 @@ TEST(GaussianValues, AreThoseOfTheScalarFunctionOnEveryInstructionSet) {
         squares.push_back(-x * spread);
         expected.push_back(peak * Exponential(-squares.back() / spread));
     }
-    for (const auto& machine : Machines()) {
-        SCOPED_TRACE(machine);
-        const ForcedMachine forced(machine);
+    OnEveryMachine([&] {
         std::vector<double> result = squares;
         GaussianValues(result.data(), static_cast<std::ptrdiff_t>(result.size()), spread, peak,
                        result.data());
         ExpectSameBits(result, expected, squares);
-    }
+    });
 }
 
 TEST(GaussianValues, RaiseNoFaultForAVectorThatIsNotFull) {
     // 4 / 0 is a division by zero, and e to the power of minus infinity is 0; only 0 / 0 would be invalid.
-    for (const auto& machine : Machines()) {
-        SCOPED_TRACE(machine);
-        const ForcedMachine forced(machine);
+    OnEveryMachine([&] {
         for (std::ptrdiff_t n = 1; n < 20; ++n) {
             std::vector<double> values(static_cast<std::size_t>(n), 4.0);
             const int raised = OutcomeOf([&] {
@@ -194,7 +184,7 @@ TEST(GaussianValues, RaiseNoFaultForAVectorThatIsNotFull) {
             EXPECT_EQ(raised, FE_DIVBYZERO) << n;
             EXPECT_EQ(values.back(), 0) << n;
         }
-    }
+    });
 }
 
 TEST(GaussianValues, RaiseNoFaultsOfTheirOwn) {
@@ -202,9 +192,7 @@ TEST(GaussianValues, RaiseNoFaultsOfTheirOwn) {
     // that the next larger one would lift over the largest number.
     const std::pair<double, double> squareAndPeak[] = {
         {720, infinity}, {std::nan(""), infinity}, {-0x1.0f171fffffffdp-1, 0x1.2d86468fdbab5p+1023}};
-    for (const auto& machine : Machines()) {
-        SCOPED_TRACE(machine);
-        const ForcedMachine forced(machine);
+    OnEveryMachine([&] {
         for (const auto& [square, peak] : squareAndPeak) {
             std::vector<double> values(16, square);
             const int raised = OutcomeOf([&, peak = peak] {
@@ -213,5 +201,5 @@ TEST(GaussianValues, RaiseNoFaultsOfTheirOwn) {
                                }).Faults;
             EXPECT_EQ(raised, 0) << square;
         }
-    }
+    });
 }

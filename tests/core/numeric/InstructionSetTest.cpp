@@ -1,10 +1,13 @@
 #include "core/numeric/InstructionSet.h"
 
+#include "core/numeric/RowWorkers.h"
 #include "core/platform/RunTimeError.h"
 #include "support/ForcedMachine.h"
 #include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 using namespace vastrel;
 
@@ -20,4 +23,15 @@ TEST(InstructionSet, IsForcedByItsName) {
     EXPECT_EQ(ChosenInstructionSet(), widest);
     ForceInstructionSet("");
     EXPECT_EQ(ChosenInstructionSet(), widest);
+}
+
+TEST(InstructionSet, EveryOneHasItsTurnWhereATestRunsOnEveryMachine) {
+    std::set<InstructionSet> sets;
+    std::set<int> workers;
+    OnEveryMachine([&] {
+        sets.insert(ChosenInstructionSet());
+        workers.insert(WorkersFor(1000));
+    });
+    EXPECT_EQ(sets.size(), OfferedInstructionSets().size());
+    EXPECT_EQ(workers, (std::set<int>{1, 2, 3, 7}));
 }

@@ -2,6 +2,7 @@
 
 #include "core/prospective/CusumTestTables.h"
 #include "core/workspace/Workspace.h"
+#include "support/Arrays.h"
 
 #include <gtest/gtest.h>
 
@@ -47,7 +48,7 @@ TEST_F(CusumChart, OfOnePeriodHasOneRow) {
 }
 
 TEST_F(CusumChart, OfAContinuedRunShowsTheSavedMaximaFromTheStart) {
-    ChartSetPrev(5, 9.3, ArrayOf<double>({3, -1}), 2);
+    ChartSetPrev(5, 9.3, ArrayFrom1<double>({3, -1}), 2);
     EXPECT_EQ(Series(0), (Numbers{3, -1, 0, 0, 0}));
     EXPECT_EQ(ws.CusumChartLabels, (Texts{"", "", "", "", ""})); // no labels before the first update
     ChartUpdate(3, 4);
@@ -59,7 +60,7 @@ TEST_F(CusumChart, OfAContinuedPolygonRunLabelsAsManyRowsAsTheChosenColumnsSay) 
     ws.PreviousPeriodCount = 2;
     EXPECT_EQ(ContinuedLabelCount(PointCusumRules(), 5), 5);
     EXPECT_EQ(ContinuedLabelCount(PolygonCusumRules(), 5), 3); // no columns were ever chosen
-    ChartSetPrev(5, 9.3, ArrayOf<double>({3, 1}), 2);
+    ChartSetPrev(5, 9.3, ArrayFrom1<double>({3, 1}), 2);
     ChartUpdatePrev(3, 4, ContinuedLabelCount(PolygonCusumRules(), 5));
     EXPECT_EQ(ws.CusumChartLabels, (Texts{"1", "2", "3", "", ""}));
 
@@ -83,5 +84,5 @@ TEST_F(CusumChart, StopsAtAPeriodBeyondTheTable) {
     ChartSet(2, 1);
     EXPECT_EQ(ErrorOf([] { ChartUpdate(3, 1); }), SubscriptOutOfRange);
     EXPECT_EQ(ErrorOf([] { ChartUpdate(0, 1); }), SubscriptOutOfRange);
-    EXPECT_EQ(ErrorOf([] { ChartSetPrev(1, 1, ArrayOf<double>({1, 2}), 2); }), SubscriptOutOfRange);
+    EXPECT_EQ(ErrorOf([] { ChartSetPrev(1, 1, ArrayFrom1<double>({1, 2}), 2); }), SubscriptOutOfRange);
 }

@@ -2,6 +2,7 @@
 
 #include "core/platform/AvailableMemory.h"
 #include "core/prospective/CusumTestTables.h"
+#include "support/Arrays.h"
 #include "support/RaisedError.h"
 
 #include <gtest/gtest.h>
@@ -17,11 +18,11 @@ const double Root5 = std::sqrt(5.0);
 /// Two Regions at a distance of 1 in an area in which their weight is half the weight of a Region on itself:
 /// exp(-1 / (2 * (area / 2))) = 1/2 for an area of 1 / ln 2.
 struct HalfWeight {
-    Array1<double> X = ArrayOf<double>({3, 3}), Y = ArrayOf<double>({7, 8});
+    Array1<double> X = ArrayFrom1<double>({3, 3}), Y = ArrayFrom1<double>({7, 8});
     double Area = 1 / std::log(2.0);
 };
 
-const Array1<std::string> AB = ArrayOf<std::string>({"A", "B"});
+const Array1<std::string> AB = ArrayFrom1<std::string>({"A", "B"});
 
 } // namespace
 
@@ -46,13 +47,13 @@ TEST(BuildCusumWeights, TakesSigmaAsAMultipleOfTheMeanArea) {
 }
 
 TEST(BuildCusumWeights, IsTheIdentityForSigmaZero) {
-    const auto x = ArrayOf<double>({0, 0.001, 5}), y = ArrayOf<double>({0, 0, 2});
+    const auto x = ArrayFrom1<double>({0, 0.001, 5}), y = ArrayFrom1<double>({0, 0, 2});
     EXPECT_EQ(BuildCusumWeights(x, y, 3, 10, CusumSigmaForZero), TableOf({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}));
     EXPECT_EQ(CusumSigmaForZero, 0.000000001);
 }
 
 TEST(BuildCusumWeights, GivesOneRegionTheWeightOneAtEverySigma) {
-    const auto at = ArrayOf<double>({4});
+    const auto at = ArrayFrom1<double>({4});
     for (const double sigma : {CusumSigmaForZero, 0.5, 1.0, 1000.0})
         for (const double area : {0.0, 10.0})
             EXPECT_EQ(BuildCusumWeights(at, at, 1, area, sigma)(1, 1), 1) << sigma;
@@ -60,14 +61,14 @@ TEST(BuildCusumWeights, GivesOneRegionTheWeightOneAtEverySigma) {
 
 TEST(BuildCusumWeights, TellsASigmaWhoseSquareIsTooLarge) {
     EXPECT_EQ(ErrorNumberOf([] {
-                  BuildCusumWeights(ArrayOf<double>({0, 1}), ArrayOf<double>({0, 0}), 2, 2, 1e200);
+                  BuildCusumWeights(ArrayFrom1<double>({0, 1}), ArrayFrom1<double>({0, 0}), 2, 2, 1e200);
               }),
               Overflow);
 }
 
 TEST(BuildCusumWeights, AsksForTheWeightsAndTheKernelAtOnce) {
     static std::uint64_t left; // a table of 4 x 4 elements and half of one
-    const auto x = ArrayOf<double>({1, 2, 4}), y = ArrayOf<double>({1, 2, 5});
+    const auto x = ArrayFrom1<double>({1, 2, 4}), y = ArrayFrom1<double>({1, 2, 5});
     ForceAvailableMemory([] { return left; });
     left = 24 * 8 - 1;
     EXPECT_EQ(ErrorNumberOf([&] { BuildCusumWeights(x, y, 3, 3, 1); }), OutOfMemory);
@@ -77,14 +78,14 @@ TEST(BuildCusumWeights, AsksForTheWeightsAndTheKernelAtOnce) {
 }
 
 TEST(BuildCusumWeights, GivesCoincidentPointsTheWeightOfTheDiagonal) {
-    const auto x = ArrayOf<double>({4, 4}), y = ArrayOf<double>({1, 1});
+    const auto x = ArrayFrom1<double>({4, 4}), y = ArrayFrom1<double>({1, 1});
     const auto w = BuildCusumWeights(x, y, 2, 10, 1);
     for (const double value : {w(1, 1), w(1, 2), w(2, 1), w(2, 2)})
         EXPECT_NEAR(value, std::sqrt(0.5), 1e-15);
 }
 
 TEST(BuildCusumWeights, UsesTheFirstNRegionsAndTheirMeanArea) {
-    const auto x = ArrayOf<double>({3, 3, 50}), y = ArrayOf<double>({7, 8, 50});
+    const auto x = ArrayFrom1<double>({3, 3, 50}), y = ArrayFrom1<double>({7, 8, 50});
     const HalfWeight two;
     EXPECT_EQ(BuildCusumWeights(x, y, 2, two.Area, 1), BuildCusumWeights(two.X, two.Y, 2, two.Area, 1));
 }

@@ -1,6 +1,7 @@
 #include "core/prospective/CusumRows.h"
 
 #include "core/prospective/CusumTestTables.h"
+#include "support/Arrays.h"
 
 #include <gtest/gtest.h>
 
@@ -52,7 +53,7 @@ TEST(SignaledRegions, AreStrictlyAboveTheThresholdInRegionOrder) {
     EXPECT_EQ(SignaledRegions(cusum, 4, 2, 9.3), (Regions{1, 4}));
     EXPECT_EQ(SignaledRegions(cusum, 4, 2, 12), Regions{});
     EXPECT_EQ(SignaledRegions(cusum, 2, 2, 0), Regions{1}); // with h = 0 every positive cusum signals
-    const auto labels = ArrayOf<std::string>({"A", "B", "C", "D"});
+    const auto labels = ArrayFrom1<std::string>({"A", "B", "C", "D"});
     EXPECT_EQ(SignaledRows(cusum, labels, 2, {1, 4}),
               (Texts{"   12.00 <---                 A", "   10.00 <---                 D"}));
 }

@@ -6,16 +6,6 @@
 
 namespace vastrel {
 
-/// An array with these elements from 1 on.
-template <typename T>
-Array1<T> ArrayOf(std::initializer_list<T> values) {
-    Array1<T> array(static_cast<std::ptrdiff_t>(values.size()));
-    std::ptrdiff_t i = 0;
-    for (const T& value : values)
-        array(++i) = value;
-    return array;
-}
-
 /// A table with these rows from (1, 1) on.
 inline Table<double> TableOf(std::initializer_list<std::initializer_list<double>> rows) {
     Table<double> table(static_cast<std::ptrdiff_t>(rows.size()),

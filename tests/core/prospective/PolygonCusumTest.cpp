@@ -2,6 +2,7 @@
 
 #include "core/prospective/CusumTestTables.h"
 #include "core/workspace/Workspace.h"
+#include "support/Arrays.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +31,7 @@ protected:
 
     void Run(StartOption start) { RunPolygonCusum(ws.TextZScore, start, labels_); }
 
-    Array1<std::string> labels_ = ArrayOf<std::string>({"A", "B"});
+    Array1<std::string> labels_ = ArrayFrom1<std::string>({"A", "B"});
 };
 
 } // namespace

@@ -2,8 +2,9 @@
 
 #include "core/retrospective/Weights.h"
 #include "core/text/TextFile.h"
+#include "core/workspace/Workspace.h"
+#include "support/Arrays.h"
 #include "support/PeakMemory.h"
-#include "support/Points.h"
 #include "support/ProjectFolder.h"
 #include "support/RaisedError.h"
 #include "support/TemporaryFolder.h"

@@ -1,6 +1,7 @@
 #include "core/retrospective/PointExpected.h"
 
-#include "support/Points.h"
+#include "core/workspace/Workspace.h"
+#include "support/Arrays.h"
 
 #include <gtest/gtest.h>
 

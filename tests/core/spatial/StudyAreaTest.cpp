@@ -4,6 +4,7 @@
 #include "core/display/PointView.h"
 #include "core/retrospective/Weights.h"
 #include "core/spatial/PlotArea.h"
+#include "support/Arrays.h"
 #include "support/Points.h"
 #include "support/RaisedError.h"
 

@@ -1,5 +1,7 @@
 #include "core/workspace/Sorting.h"
 
+#include "support/Arrays.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,18 +10,6 @@
 using namespace vastrel;
 
 namespace {
-
-template <typename T>
-Array1<T> ArrayOf(const std::vector<T>& values) {
-    Array1<T> array(static_cast<std::ptrdiff_t>(values.size()));
-    std::copy(values.begin(), values.end(), array.data() + 1);
-    return array;
-}
-
-template <typename T>
-std::vector<T> ValuesOf(const Array1<T>& array) {
-    return {array.data() + 1, array.data() + array.UpperBound() + 1};
-}
 
 /// Sorts records with these keys, counted from 1, and gives the numbers in their new order.
 std::vector<int> OrderOf(const std::vector<double>& keys) {
@@ -38,17 +28,17 @@ using Order = std::vector<int>;
 } // namespace
 
 TEST(Sorting, OrdersEachKindAscending) {
-    auto integers = ArrayOf<std::int16_t>({3, -1, 32767, -32768, 3, 0});
+    auto integers = ArrayFrom1<std::int16_t>({3, -1, 32767, -32768, 3, 0});
     SortIntegers(integers);
-    EXPECT_EQ(ValuesOf(integers), (std::vector<std::int16_t>{-32768, -1, 0, 3, 3, 32767}));
+    EXPECT_EQ(From1(integers), (std::vector<std::int16_t>{-32768, -1, 0, 3, 3, 32767}));
 
-    auto values = ArrayOf<double>({2.5, -1e300, 0, 1e-300, -0.5});
+    auto values = ArrayFrom1<double>({2.5, -1e300, 0, 1e-300, -0.5});
     SortValues(values);
-    EXPECT_EQ(ValuesOf(values), (std::vector<double>{-1e300, -0.5, 0, 1e-300, 2.5}));
+    EXPECT_EQ(From1(values), (std::vector<double>{-1e300, -0.5, 0, 1e-300, 2.5}));
 
-    auto records = ArrayOf<KeyedValue>({{1, 9}, {2, -4}, {3, 0.5}});
+    auto records = ArrayFrom1<KeyedValue>({{1, 9}, {2, -4}, {3, 0.5}});
     SortBySecondField(records);
-    EXPECT_EQ(ValuesOf(records), (std::vector<KeyedValue>{{2, -4}, {3, 0.5}, {1, 9}}));
+    EXPECT_EQ(From1(records), (std::vector<KeyedValue>{{2, -4}, {3, 0.5}, {1, 9}}));
 }
 
 TEST(Sorting, LeavesShortArraysAlone) {
@@ -61,21 +51,21 @@ TEST(Sorting, LeavesShortArraysAlone) {
     SortValues(empty);
     EXPECT_EQ(empty(0), 7);
 
-    auto one = ArrayOf<double>({5});
+    auto one = ArrayFrom1<double>({5});
     SortValues(one);
-    EXPECT_EQ(ValuesOf(one), (std::vector<double>{5}));
+    EXPECT_EQ(From1(one), (std::vector<double>{5}));
 
-    auto two = ArrayOf<double>({5, 4});
+    auto two = ArrayFrom1<double>({5, 4});
     SortValues(two);
-    EXPECT_EQ(ValuesOf(two), (std::vector<double>{4, 5}));
+    EXPECT_EQ(From1(two), (std::vector<double>{4, 5}));
 }
 
 TEST(Sorting, DoesNotTouchElementZero) {
-    auto values = ArrayOf<double>({3, 2, 1});
+    auto values = ArrayFrom1<double>({3, 2, 1});
     values(0) = 99;
     SortValues(values);
     EXPECT_EQ(values(0), 99);
-    EXPECT_EQ(ValuesOf(values), (std::vector<double>{1, 2, 3}));
+    EXPECT_EQ(From1(values), (std::vector<double>{1, 2, 3}));
 }
 
 TEST(Sorting, NeverSwapsEqualKeysWithOneAnother) {
@@ -105,10 +95,10 @@ TEST(Sorting, AgreesWithAnotherSortOnManyValues) {
     for (auto& value : values)
         value = std::uniform_real_distribution<double>(-1, 1)(random);
     values[5] = values[4];
-    auto array = ArrayOf(values);
+    auto array = ArrayFrom1(values);
     SortValues(array);
     std::sort(values.begin(), values.end());
-    EXPECT_EQ(ValuesOf(array), values);
+    EXPECT_EQ(From1(array), values);
 }
 
 TEST(Sorting, AgreesWithAnotherSortOnEverySmallSize) {
@@ -117,9 +107,9 @@ TEST(Sorting, AgreesWithAnotherSortOnEverySmallSize) {
         std::vector<std::int16_t> values(size);
         for (auto& value : values)
             value = static_cast<std::int16_t>(std::uniform_int_distribution<int>(-9, 9)(random));
-        auto array = ArrayOf(values);
+        auto array = ArrayFrom1(values);
         SortIntegers(array);
         std::sort(values.begin(), values.end());
-        EXPECT_EQ(ValuesOf(array), values);
+        EXPECT_EQ(From1(array), values);
     }
 }
