@@ -109,14 +109,20 @@ void PlainNormalP(benchmark::State& state) {
         benchmark::DoNotOptimize(PlainNormalPValue(3));
 }
 
+/// The sizes that are swept, with all workers (0) or with one, and how long the scores take; M takes less.
+constexpr struct {
+    int Regions, Workers;
+    Length OfScores;
+} Sweeps[] = {{1068, 0, Length::Long},
+              {1068, 1, Length::Long},
+              {3085, 0, Length::Long},
+              {3085, 1, Length::VeryLong},
+              {6000, 0, Length::VeryLong}};
+
 const bool registered = [] {
     for (const auto& variable : Variables)
-        for (const int n : {1068, 3085, 6000})
-            for (const int workers : {0, 1}) {
-                const bool takesMinutes = MapsScore(variable.Variable) && n * (workers == 1 ? 2 : 1) >= 6000;
-                if (n < 6000 || workers == 0)
-                    RegisterSweep(variable, n, workers, takesMinutes ? Length::VeryLong : Length::Long);
-            }
+        for (const auto& [n, workers, ofScores] : Sweeps)
+            RegisterSweep(variable, n, workers, MapsScore(variable.Variable) ? ofScores : Length::Long);
     for (const int n : {250, 500, 1000, 1500, 2000, 3085})
         Register("bandwidth/" + std::to_string(n) + "/adjusted/all", n < 1000 ? Length::Short : Length::Long,
                  [n](benchmark::State& state) { Bandwidth(state, n); });
