@@ -244,6 +244,7 @@ TEST(RetrospectivePoints, StopsWithTheReportOfARunTimeError) {
     EXPECT_EQ(reportOf({"--sigma", "1e400"}), "Run-time error '6':");
     EXPECT_EQ(reportOf({"--sigma", "1e200"}), "Run-time error '6':");
     EXPECT_EQ(reportOf({"--sigma", "1e-200"}), "Run-time error '11':");
+    EXPECT_EQ(reportOf({"--sigma", "1e-310"}), "Run-time error '6':");
     EXPECT_EQ(reportOf({"--to", "1e400"}), "Run-time error '6':");
     EXPECT_EQ(reportOf({"--step", "1e-9"}), "Run-time error '6':");
 

@@ -25,6 +25,12 @@ void ForRows(std::ptrdiff_t n, std::ptrdiff_t operations, const std::function<vo
     });
 }
 
+/// The powers of exponent 2 and 0.5, which are the product and the root in every bit.
+inline double SquaredLength(double dx, double dy) {
+    const double distance = std::sqrt(dx * dx + dy * dy);
+    return distance * distance;
+}
+
 bool BelongTo(const PairDistances& distances, const Array1<RegionPoint>& at, std::ptrdiff_t n) {
     if (distances.X.UpperBound() != n) return false;
     for (std::ptrdiff_t i = 1; i <= n; ++i)
@@ -33,6 +39,19 @@ bool BelongTo(const PairDistances& distances, const Array1<RegionPoint>& at, std
 }
 
 } // namespace
+
+double KernelPeak(double sigma) {
+    return 1 / (sigma * std::sqrt(NineDigitPi));
+}
+
+double KernelSpread(std::ptrdiff_t n, double area, double sigma) {
+    const double sigmaSquared = Power(sigma, 2);
+    return (sigmaSquared + sigmaSquared) * (area / static_cast<double>(n));
+}
+
+double SquaredDistance(const RegionPoint& from, const RegionPoint& to) {
+    return SquaredLength(from.X - to.X, from.Y - to.Y);
+}
 
 void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistances& distances) {
     if (BelongTo(distances, at, n)) return;
@@ -48,12 +67,8 @@ void TakeDistances(const Array1<RegionPoint>& at, std::ptrdiff_t n, PairDistance
     const double* y = distances.Y.data();
     ForRows(n, distances.Squared.Count() * DistanceCost, [&](std::ptrdiff_t i) {
         double* squared = distances.Squared.After(i);
-        for (std::ptrdiff_t j = i + 1; j <= n; ++j) {
-            // The powers of exponent 2 and 0.5, which are the product and the root in every bit.
-            const double dx = x[i] - x[j], dy = y[i] - y[j];
-            const double distance = std::sqrt(dx * dx + dy * dy);
-            *squared++ = distance * distance;
-        }
+        for (std::ptrdiff_t j = i + 1; j <= n; ++j)
+            *squared++ = SquaredLength(x[i] - x[j], y[i] - y[j]);
     });
 }
 
@@ -62,10 +77,9 @@ void GaussianKernel(const Pairs& squaredDistances, double area, double sigma, Ke
     kernel.SetUnitLengths(n);
     if (&squaredDistances != &kernel.Values) kernel.Values.ReDimUnset(n);
 
-    const double peak = kernel.Peak = 1 / (sigma * std::sqrt(NineDigitPi));
+    const double peak = kernel.Peak = KernelPeak(sigma);
     const std::ptrdiff_t count = squaredDistances.Count();
-    const double sigmaSquared = count > 0 ? Power(sigma, 2) : 0; // a Region alone does not ask for it
-    const double spread = (sigmaSquared + sigmaSquared) * (area / static_cast<double>(n));
+    const double spread = count > 0 ? KernelSpread(n, area, sigma) : 0; // a Region alone does not ask for it
     const double* from = squaredDistances.All();
     double* to = kernel.Values.All();
     const auto takePiece = [=](RowRange pairs) {

@@ -52,7 +52,16 @@ void RowNormalise(KernelWeights& kernel) {
     }
 }
 
+void CheckFirstWeights(const Array1<RegionPoint>& at, Index n, double area, double sigma) {
+    constexpr auto name = "GaussianKernel";
+    if (n > 0) RunFunction(name, [=] { return KernelPeak(sigma); });
+    if (n < 2) return; // a Region alone asks for nothing else
+    RunFunction(name, [&] { return SquaredDistance(at(1), at(2)); });
+    RunFunction(name, [=] { return KernelSpread(n, area, sigma); });
+}
+
 KernelWeights GaussianWeights(const Array1<RegionPoint>& at, Index n, double area, double sigma) {
+    CheckFirstWeights(at, n, area, sigma);
     KernelWeights kernel;
     const auto compute = [&] {
         PairDistances distances;

@@ -10,8 +10,13 @@ namespace vastrel {
 /// Scales the rows of a kernel to Euclidean length 1: takes the lengths that they have.
 void RowNormalise(KernelWeights& kernel);
 
-/// The row-normalised Gaussian kernel of the Regions at `at(1..n)`. Its faults are those of TakeDistances,
-/// GaussianKernel and RowNormalise.
+/// Raises the overflows (6) that come before the first division by the study area: in the peak, the distance
+/// of the first pair and the spread. The faults of the whole kernel, which are told at its end, do not show
+/// which of them was the first.
+void CheckFirstWeights(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area, double sigma);
+
+/// The row-normalised Gaussian kernel of the Regions at `at(1..n)`. Its faults are those of
+/// CheckFirstWeights, TakeDistances, GaussianKernel and RowNormalise.
 KernelWeights GaussianWeights(const Array1<RegionPoint>& at, std::ptrdiff_t n, double area, double sigma);
 
 /// Writes the weights to elements (1..n, 1..n) of a table.

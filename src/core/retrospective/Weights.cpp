@@ -43,6 +43,7 @@ auto GramTables() {
 /// A fault of the kernel itself is told before its values go any further: a sigma whose square overflows
 /// would only end as a row of length 0.
 void BuildKernel(KernelWeights& kernel, std::ptrdiff_t n) {
+    CheckFirstWeights(ws.RegionCentroid, n, ws.TotalShapeArea, ws.CurrentSigma);
     RunProcedure(
         "GaussianKernel",
         [&] {

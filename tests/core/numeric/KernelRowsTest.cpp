@@ -180,6 +180,18 @@ TEST_F(KernelRows, TakeAScoreThatIsNoNumberWithoutAFault) {
     EXPECT_TRUE(std::isnan(sums(8)));
 }
 
+TEST_F(KernelRows, TellTheFirstFaultWhereThereAreSeveral) {
+    const auto faultOf = [](std::initializer_list<std::pair<double, double>> places, double area,
+                            double sigma) { return ErrorNumberOf([&] { WeightsOf(places, area, sigma); }); };
+    constexpr double far = 1e200;
+    EXPECT_EQ(faultOf({{0, 0}, {1, 1}}, 2, 1e-310), Overflow); // the peak, before the square of sigma is 0
+    // Without an area each pair ends in a division by zero, if it comes as far.
+    EXPECT_EQ(faultOf({{far, 0}, {1, 1}, {3, 8}}, 0, 1), Overflow); // the distance of the first pair
+    EXPECT_EQ(faultOf({{0, 0}, {1, 1}}, 0, 1e200), Overflow);       // the square of sigma
+    EXPECT_EQ(faultOf({{0, 0}, {1, 1}, {far, 0}}, 0, 1), DivisionByZero);
+    EXPECT_EQ(faultOf({{0, 0}, {1, 1}, {far, 0}}, 3, 1), Overflow);
+}
+
 TEST_F(KernelRows, AreRequiredOfAllRegions) {
     const auto weights = WeightsOf({{0, 0}, {1, 0}, {0, 2}}, 3, 1);
     Array1<double> four(4), sums;

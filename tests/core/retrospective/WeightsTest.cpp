@@ -126,6 +126,9 @@ TEST(BuildMWeights, TellsASigmaWhoseSquareIsTooLargeOrZero) {
     ws.CurrentSigma = 1e-200;
     EXPECT_EQ(ErrorNumberOf(BuildMWeights), DivisionByZero);
     EXPECT_TRUE(IsZero(ws.WeightM));
+    ws.CurrentSigma = 1e-310; // the peak overflows before that division
+    EXPECT_EQ(ErrorNumberOf(BuildMWeights), Overflow);
+    EXPECT_TRUE(IsZero(ws.WeightM));
 }
 
 TEST(BuildMWeights, CountsRegionsInSixteenBits) {
