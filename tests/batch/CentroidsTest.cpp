@@ -31,6 +31,13 @@ TEST(CentroidsCommand, WritesTheCentroidFile) {
     EXPECT_EQ(RunBatch({"centroids", path, "--out", "-"}), (BatchResult{0, OfTwoSquares, ""}));
 }
 
+TEST(CentroidsCommand, WritesNothingWithoutAName) {
+    const TemporaryFolder folder;
+    const std::string path = WriteTwoSquares(folder, "two");
+    EXPECT_EQ(RunBatch({"centroids", path, "--out", ""}), (BatchResult{0, "", ""}));
+    EXPECT_EQ(RunBatch({"centroids", folder / "none.shp", "--out", ""}).Status, 4);
+}
+
 TEST(CentroidsCommand, TakesRelativePaths) {
     const TemporaryFolder folder;
     WriteTwoSquares(folder, "two");

@@ -55,6 +55,12 @@ TEST_F(ExportCommand, Smooths) {
     EXPECT_EQ(RunTwo("-1").Output, "-2.1375,1.1143\n-1.2965,0.9461\n");
 }
 
+TEST_F(ExportCommand, WritesNothingWithoutAName) {
+    const Words nameless{"--option", "poisson", "--sigma", "0", "--out", ""};
+    EXPECT_EQ(Run({"O1", "O2"}, {"E1", "E2"}, nameless), (BatchResult{0, "", ""}));
+    EXPECT_EQ(Run({"KEY", "O2"}, {"E1", "E2"}, nameless).Status, 3);
+}
+
 TEST_F(ExportCommand, RefusesWhatTheScreenRefuses) {
     EXPECT_EQ(Run({"KEY", "O2"}, {"E1", "E2"}, Plain),
               (BatchResult{3, "", "Data should be numerical values!\n"}));

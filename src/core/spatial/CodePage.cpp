@@ -25,19 +25,23 @@ public:
         return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): as iconv has it
     }
 
-    /// A byte that stands for no character becomes "?".
+    /// A byte that stands for no character becomes "?". Of a set with marks that follow their letter the
+    /// converter holds each letter back until it has seen what comes next: the last one has to be asked for.
     std::string Convert(std::string_view bytes) const {
         std::string copy(bytes), text(bytes.size() * 4 + 4, '\0');
         char* from = copy.data();
         char* to = text.data();
         size_t fromLeft = copy.size(), toLeft = text.size();
+        const auto releaseLetter = [&] { (void)iconv(handle_, nullptr, nullptr, &to, &toLeft); };
         while (fromLeft > 0 && iconv(handle_, &from, &fromLeft, &to, &toLeft) == static_cast<size_t>(-1)) {
+            releaseLetter();
             if (fromLeft == 0 || toLeft == 0) break;
             ++from;
             --fromLeft;
             *to++ = '?';
             --toLeft;
         }
+        releaseLetter();
         text.resize(text.size() - toLeft);
         return text;
     }

@@ -60,6 +60,26 @@ TEST(CodePage, MarksBytesThatStandForNothing) {
     EXPECT_EQ(CodePage("1250", 0).Decode("a\x81z\xF3"), "a?z\xC3\xB3");
 }
 
+// U+05E9 U+05DC U+05D5 U+05DD and U+05D0 (Hebrew); U+0110 a u, and a with an acute (Vietnamese).
+TEST(CodePage, KeepsALastLetterThatAMarkCouldFollow) {
+    const CodePage hebrew("", 0x7D), vietnamese("1258", 0);
+    EXPECT_EQ(hebrew.Decode("\xF9\xEC\xE5\xED"), "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D");
+    EXPECT_EQ(hebrew.Decode("\xE0"), "\xD7\x90");
+    EXPECT_EQ(vietnamese.Decode("\xD0u"), "\xC4\x90u");
+    EXPECT_EQ(vietnamese.Decode("\xD0"
+                                "a\xEC"),
+              "\xC4\x90\xC3\xA1");
+    // 0x8A is no character of the set; the letter before it comes first.
+    EXPECT_EQ(vietnamese.Decode("\xD0"
+                                "a\x8Au"),
+              "\xC4\x90"
+              "a?u");
+    EXPECT_EQ(CodePage("TCVN", 0).Decode("\xA7"
+                                         "a"),
+              "\xC4\x90"
+              "a");
+}
+
 // The same characters in the sets' own tables: U+4E2D U+6587 (Chinese), U+65E5 U+672C (Japan), U+D55C
 // (Korean).
 TEST(CodePage, HandsAnyOtherNameToTheConverterAsItStands) {
