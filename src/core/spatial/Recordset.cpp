@@ -3,8 +3,7 @@
 #include "core/platform/NativePath.h"
 #include "core/platform/RunTimeError.h"
 #include "core/spatial/BinaryFile.h"
-
-#include <algorithm>
+#include "core/text/LetterCase.h"
 
 namespace vastrel {
 
@@ -33,12 +32,6 @@ std::string WithoutTrailingBlanks(std::string text) {
     while (!text.empty() && text.back() == ' ')
         text.pop_back();
     return text;
-}
-
-bool EqualWithoutCase(const std::string& a, const std::string& b) {
-    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char left, char right) { return upper(left) == upper(right); });
 }
 
 } // namespace
