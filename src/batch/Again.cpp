@@ -3,12 +3,12 @@
 #include "batch/FileRoles.h"
 #include "batch/RunRecord.h"
 #include "batch/Settings.h"
-#include "core/platform/NativePath.h"
-#include "core/platform/RunTimeError.h"
+#include "core/text/DiskFile.h"
+#include "core/text/WholeFile.h"
 
 #include <algorithm>
-#include <fstream>
 #include <memory>
+#include <sys/mman.h>
 
 namespace vastrel {
 
@@ -19,26 +19,36 @@ struct AgainOptions {
     bool Strict = false;
 };
 
-EarlierRun ReadEarlierFile(const std::string& path) {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(NativePath(path), ignored))
-        RaiseCustomary(PathFileAccessError, "again", path + " is a folder, not a file.");
-    std::ifstream stream(NativePath(path), std::ios::binary);
-    if (!stream) RaiseCustomary(FileNotFound, "again", path);
-    return ReadEarlierRun(stream);
-}
+/// A file without a name, in memory. The parser takes settings from a file alone, and the one that was given
+/// may be a pipe, which is read once.
+class UnnamedFile {
+public:
+    explicit UnnamedFile(std::string_view bytes)
+        : file_(memfd_create("settings", MFD_CLOEXEC)),
+          path_("/proc/self/fd/" + std::to_string(file_.Number())) {
+        if (!file_) RaiseFileError("The settings", "cannot be kept in memory");
+        WriteAll(file_.Number(), bytes, "The settings");
+    }
+    const std::string& Path() const { return path_; }
+
+private:
+    Descriptor file_;
+    std::string path_;
+};
 
 /// Parses the words of the earlier command, whose settings are its configuration file, and runs it.
 ExitStatus RunAgain(CLI::App& program, const AgainOptions& options, std::vector<std::string> words,
                     RunRecord& record, const RunCommand& run) {
     const bool strict = std::erase(words, "--strict") > 0 || options.Strict;
-    EarlierRun earlier = ReadEarlierFile(options.File);
+    const std::string text = ReadWholeFile(options.File);
+    EarlierRun earlier = ReadEarlierRun(text);
     const auto commands = program.get_subcommands({});
     const bool isCommand = std::ranges::any_of(
         commands, [&](const CLI::App* command) { return command->get_name() == earlier.Command; });
     if (!isCommand || earlier.Command == AgainCommand)
         throw InputRefused("The settings are those of \"" + earlier.Command + "\", which is no command.");
-    words.insert(words.begin(), {earlier.Command, "--config", options.File});
+    const UnnamedFile settings(text);
+    words.insert(words.begin(), {earlier.Command, "--config", settings.Path()});
     std::reverse(words.begin(), words.end());
     program.parse(words);
     RequireSeparateFiles(program, true);

@@ -8,6 +8,7 @@
 #include "core/spatial/ShapefileFiles.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -93,6 +94,8 @@ void RunRecord::TookShapefile(const std::string& path) {
     if (!IsNeeded()) return;
     const bool wasRead = Has(expected_, path);
     for (const auto& file : FilesOfShapefile(AbsolutePath(path))) {
+        std::error_code ignored;
+        if (!std::filesystem::is_regular_file(NativePath(file), ignored)) continue; // it was not read either
         const std::string name = files_.empty() || !Has(files_, path) ? path : NamedBeside(path, file);
         TakeDown(MeasuredOnDisk(name, file));
         if (wasRead && !Has(expected_, name)) Differs(name + " was not there before.");

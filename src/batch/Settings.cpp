@@ -1,12 +1,18 @@
 #include "batch/Settings.h"
 
 #include "batch/Command.h"
+#include "core/text/WholeFile.h"
+
+#include <sstream>
 
 namespace vastrel {
 
 using Json = nlohmann::ordered_json;
 
 namespace {
+
+constexpr std::uint64_t LongestToml = std::uint64_t{16} * 1024 * 1024; // what is read of it takes far more
+constexpr const char* NoSettings = "The file holds no settings of an earlier run.";
 
 /// Options that tell of the program, not of a run.
 bool IsSetting(const CLI::App& command, const CLI::Option& option) {
@@ -62,10 +68,19 @@ EarlierRun RunOf(const Json& json) {
     return earlier;
 }
 
-EarlierRun ReadEarlierRun(std::istream& stream) try {
-    return RunOf(Json::parse(stream));
+EarlierRun ReadEarlierRun(const std::string& text) try {
+    constexpr int deepest = 32;       // a run writes
+    constexpr int mostKept = 1000000; // far less
+    bool isHead = true;
+    int kept = 0;
+    return RunOf(Json::parse(text, [&](int depth, Json::parse_event_t event, const Json& parsed) {
+        const bool isTopKey = depth == 1 && event == Json::parse_event_t::key;
+        if (isTopKey) isHead = parsed == "Settings" || parsed == "Inputs";
+        if (depth > deepest || (isHead && ++kept > mostKept)) throw InputRefused(NoSettings);
+        return !isTopKey || isHead;
+    }));
 } catch (const Json::exception&) {
-    throw InputRefused("The file holds no settings of an earlier run.");
+    throw InputRefused(NoSettings);
 }
 
 std::vector<std::string> WordsOf(const std::string& option, const std::string& value) {
@@ -74,7 +89,10 @@ std::vector<std::string> WordsOf(const std::string& option, const std::string& v
 
 std::vector<CLI::ConfigItem> SettingsFile::from_config(std::istream& stream) const {
     if (Command() == nullptr) return {}; // the parser tells what is missing
-    auto settings = (stream >> std::ws).peek() == '{' ? FromJson(stream) : FromToml(stream);
+    const bool isJson = (stream >> std::ws).peek() == '{';
+    const std::string text =
+        ReadToEnd(stream, "The configuration file", isJson ? LargestPipe() : LongestToml);
+    auto settings = isJson ? FromJson(text) : FromToml(text);
     std::erase_if(settings, [&](const CLI::ConfigItem& item) {
         if (item.parents.empty()) return false;
         const CLI::Option* option = Command()->get_option_no_throw("--" + item.name);
@@ -90,8 +108,9 @@ const CLI::App* SettingsFile::Command() const {
     return chosen.empty() ? nullptr : chosen.front();
 }
 
-std::vector<CLI::ConfigItem> SettingsFile::FromToml(std::istream& stream) const {
+std::vector<CLI::ConfigItem> SettingsFile::FromToml(const std::string& text) const {
     std::vector<CLI::ConfigItem> settings;
+    std::istringstream stream(text);
     for (auto& item : ConfigBase::from_config(stream)) {
         const bool isSectionMark = item.name == "++" || item.name == "--";
         const bool ofCommand = item.parents.empty() || item.parents.front() == Command()->get_name();
@@ -104,9 +123,9 @@ std::vector<CLI::ConfigItem> SettingsFile::FromToml(std::istream& stream) const 
     return settings;
 }
 
-std::vector<CLI::ConfigItem> SettingsFile::FromJson(std::istream& stream) const {
+std::vector<CLI::ConfigItem> SettingsFile::FromJson(const std::string& text) const {
     std::vector<CLI::ConfigItem> settings;
-    const EarlierRun earlier = ReadEarlierRun(stream);
+    const EarlierRun earlier = ReadEarlierRun(text);
     for (const auto& [name, value] : earlier.Settings.items()) {
         CLI::ConfigItem item{{Command()->get_name()}, name, TextsOf(value)};
         // What is the default anyway need not be given, and stands in the way of nothing.

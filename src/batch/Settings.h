@@ -20,8 +20,8 @@ struct EarlierRun {
     std::vector<InputFile> Inputs;
 };
 
-/// InputRefused for what holds no settings.
-EarlierRun ReadEarlierRun(std::istream& stream);
+/// Of the JSON's text, of which the results are passed over. InputRefused for what holds no settings.
+EarlierRun ReadEarlierRun(const std::string& text);
 
 /// The same of an object that is parsed; an exception of the JSON library for what holds no settings.
 EarlierRun RunOf(const nlohmann::ordered_json& json);
@@ -31,7 +31,8 @@ std::vector<std::string> WordsOf(const std::string& option, const std::string& v
 
 /// Reads the settings of the chosen command from a file: from the library's own configuration file (TOML), at
 /// its head or in a section of the command's name, or from the JSON of an earlier run. An option of the
-/// command line goes before the file, and settings that do not go with it fall away.
+/// command line goes before the file, and settings that do not go with it fall away. Run-time error 7 for a
+/// TOML file of more than 16 MB, and for a JSON that is larger than an input may be.
 class SettingsFile : public CLI::ConfigTOML {
 public:
     explicit SettingsFile(const CLI::App& program) : program_(program) {}
@@ -39,8 +40,8 @@ public:
     std::vector<CLI::ConfigItem> from_config(std::istream& stream) const override;
 
 private:
-    std::vector<CLI::ConfigItem> FromToml(std::istream& stream) const;
-    std::vector<CLI::ConfigItem> FromJson(std::istream& stream) const;
+    std::vector<CLI::ConfigItem> FromToml(const std::string& text) const;
+    std::vector<CLI::ConfigItem> FromJson(const std::string& text) const;
     const CLI::App* Command() const;
 
     const CLI::App& program_;

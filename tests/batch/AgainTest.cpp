@@ -1,4 +1,5 @@
 #include "support/BatchProgram.h"
+#include "support/FilledPipe.h"
 #include "support/SampleRuns.h"
 
 #include <gtest/gtest.h>
@@ -159,4 +160,37 @@ TEST_F(Again, RefusesWhatHoldsNoSettings) {
     EXPECT_EQ(RunBatch({"again", "out.json", "--no-such"}).Status, 2);
     EXPECT_EQ(RunBatch({"again", "out.json", "--sigma", "x"}),
               (BatchResult{3, "", "Bandwidth should be numerical.\n"}));
+}
+
+TEST_F(Again, ReadsAPipeOnce) {
+    const auto before = First(Points);
+    const FilledPipe pipe(before);
+    EXPECT_EQ(RunBatch({"again", pipe.Path(), "--json", "piped.json"}), (BatchResult{0, "", ""}));
+    auto settings = Json::parse(ReadFile("piped.json"));
+    settings["Settings"]["json"] = "out.json";
+    EXPECT_EQ(settings, Json::parse(before));
+}
+
+TEST_F(Again, PassesOverTheResults) {
+    auto json = Json::parse(First(Points));
+    json["Further"] = std::vector<int>(1500000, 1); // more than settings have
+    folder_.Write("earlier.json", json.dump());
+    EXPECT_EQ(RunBatch({"again", "earlier.json"}).Status, 0);
+}
+
+TEST_F(Again, RefusesSettingsWithoutEnd) {
+    auto wide = Json::parse(First(Points));
+    wide["Settings"]["sigma"] = Words(1500000, "1");
+    auto deep = Json::parse(ReadFile("out.json"));
+    deep["Settings"]["sigma"] = "?";
+    const std::string brackets(100000, '[');
+    auto text = deep.dump();
+    text.replace(text.find("\"?\""), 3, brackets + std::string(100000, ']'));
+    const BatchResult refused{3, "", "The file holds no settings of an earlier run.\n"};
+    for (const auto& bytes : {wide.dump(), text, brackets}) {
+        folder_.Write("earlier.json", bytes);
+        EXPECT_EQ(RunBatch({"again", "earlier.json"}), refused);
+        EXPECT_EQ(RunBatch({"retrospective-points", "country_exp.txt", "--config", "earlier.json"}).Status,
+                  bytes == brackets ? 2 : 3);
+    }
 }

@@ -1,5 +1,6 @@
 // Inputs that are no ordinary files: every text comes from one reading, and a shapefile is refused.
 #include "support/BatchProgram.h"
+#include "support/BatchProgramShell.h"
 #include "support/FilledPipe.h"
 #include "support/ProjectFolder.h"
 #include "support/SampleRuns.h"
@@ -81,4 +82,22 @@ TEST(PipedInput, IsRefusedForAnAttributeTable) {
     EXPECT_EQ(result.Status, 4);
     EXPECT_EQ(result.Output, "");
     EXPECT_NE(result.Errors.find("country.dbf is a pipe or a device"), std::string::npos) << result.Errors;
+}
+
+TEST(PipedInput, IsPassedOverForTheNameOfACharacterSet) {
+    const TemporaryFolder folder;
+    CopySamples(folder, {"country.shp", "country.shx", "country.dbf"});
+    ASSERT_EQ(mkfifo((folder / "country.cpg").c_str(), 0600), 0);
+    const auto result =
+        RunBatch(SampleRuns{folder / ""}.RetroPolygons() + Words{"--sigma", "1", "--json", "-"});
+    EXPECT_EQ(result.Status, 0) << result;
+    EXPECT_NE(result.Output.find("country.dbf"), std::string::npos);
+    EXPECT_EQ(result.Output.find("country.cpg"), std::string::npos); // it was not read
+}
+
+TEST(PipedInput, IsWaitedForUntilASignalEndsThat) {
+    const auto result = RunShell("mkfifo pipe$$; timeout --preserve-status -s INT 1 "
+                                 "\"$BATCH\" retrospective-points pipe$$ --format obs-exp --sigma 1; "
+                                 "echo $?; rm pipe$$");
+    EXPECT_EQ(result, (BatchResult{0, "130\n", ""}));
 }

@@ -1,4 +1,6 @@
 #include "support/BatchProgram.h"
+#include "support/BatchProgramShell.h"
+#include "support/FilledPipe.h"
 #include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
 
@@ -200,4 +202,48 @@ TEST(Settings, ThatAreUnknownOrMissingAreTold) {
     EXPECT_EQ(RunBatch({"retrospective-points", Five, "--config", unknown.Folder / "none.toml"}).Errors,
               "Run-time error '53':\n\nFile not found\n" + (unknown.Folder / "none.toml") + "\n");
     EXPECT_EQ(RunBatch({"retrospective-points", Five, "--config", unknown.Folder.Path()}).Status, 4);
+}
+
+TEST(Settings, ComeFromAPipe) {
+    const std::string toml = "format = \"obs-exp\"\nvariable = 'rossi'\nsigma = 1\n";
+    const FilledPipe pipe(toml);
+    EXPECT_EQ(RunBatch({"retrospective-points", Five, "--config", pipe.Path()}),
+              RunBatch({"retrospective-points", Five, "--config", Configured(toml).File}));
+}
+
+TEST(Settings, WithoutEndAreRefused) {
+    if (!std::filesystem::exists("/dev/zero")) GTEST_SKIP() << "There is no endless file here.";
+    EXPECT_EQ(RunBatch({"retrospective-points", Five, "--format", "obs-exp", "--config", "/dev/zero"}),
+              (BatchResult{4, "",
+                           "Run-time error '7':\n\nOut of memory\nThe configuration file holds more than the "
+                           "16 MB that may be read here.\n"}));
+}
+
+// Cut off at every byte, and every byte changed: the end is one of those that the program knows, and soon.
+TEST(Settings, EndAtEveryByteAsTheProgramSays) {
+    const std::vector<std::string> texts{
+        "k = 0.5\n[h-value]\nregions = 7 # few\noption = 'bonferroni'\narl0 = \"100\"\n",
+        R"({"Settings":{"Command":"h-value","option":"bonferroni","k":"0.5","arl0":"100","regions":"7"},"Inputs":[]})"};
+    for (const std::string& sound : texts) {
+        const TemporaryFolder folder;
+        std::filesystem::create_directory(folder / "broken");
+        size_t count = 0;
+        const auto add = [&](const std::string& bytes) {
+            folder.Write("broken/" + std::to_string(count++), bytes);
+        };
+        for (size_t at = 0; at < sound.size(); ++at) {
+            add(sound.substr(0, at));
+            for (const int flip : {0x01, 0x80}) {
+                std::string changed = sound;
+                changed[at] = static_cast<char>(changed[at] ^ flip);
+                add(changed);
+            }
+        }
+        const auto result =
+            RunShell("cd '" + folder.Path() +
+                     "'; for f in broken/*; do timeout 20 \"$BATCH\" h-value "
+                     "--config $f >out 2>err; s=$?; case $s in 0) true;; 2|3|4) test ! -s out && test -s "
+                     "err;; *) false;; esac && echo well; done | sort | uniq -c | tr -d ' '");
+        EXPECT_EQ(result.Output, std::to_string(count) + "well\n");
+    }
 }

@@ -54,6 +54,19 @@ std::uint64_t ToldSize(const std::string& path) {
     return unknown ? 0 : size;
 }
 
+std::string Rest(std::istream& stream, std::uint64_t told, const std::string& name, std::uint64_t limit) {
+    std::string bytes;
+    bytes.reserve(told);
+    for (std::vector<char> chunk(ChunkSize); stream;) {
+        stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
+        bytes.append(chunk.data(), static_cast<size_t>(stream.gcount()));
+        RequireWithin(limit, bytes.size(), name);
+    }
+    if (stream.bad())
+        RaiseCustomary(PathFileAccessError, "ReadWholeFile", name + " could not be read to its end.");
+    return bytes;
+}
+
 } // namespace
 
 std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
@@ -61,21 +74,19 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit) {
     std::ifstream stream = Opened(path);
     const std::uint64_t told = ToldSize(path);
     RequireWithin(limit, told, path);
-    std::string bytes;
-    bytes.reserve(told);
-    for (std::vector<char> chunk(ChunkSize); stream;) {
-        stream.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
-        bytes.append(chunk.data(), static_cast<size_t>(stream.gcount()));
-        RequireWithin(limit, bytes.size(), path);
-    }
-    if (stream.bad())
-        RaiseCustomary(PathFileAccessError, "ReadWholeFile", path + " could not be read to its end.");
-    return bytes;
+    return Rest(stream, told, path, limit);
 }
 
 std::string ReadWholeFile(const std::string& path) {
-    const std::uint64_t half = AvailableMemory() / 2;
-    return ReadWholeFile(path, IsOrdinary(path) ? half : std::min(half, MostWithoutSize));
+    return ReadWholeFile(path, IsOrdinary(path) ? AvailableMemory() / 2 : LargestPipe());
+}
+
+std::string ReadToEnd(std::istream& stream, const std::string& name, std::uint64_t limit) {
+    return Rest(stream, 0, name, limit);
+}
+
+std::uint64_t LargestPipe() {
+    return std::min(AvailableMemory() / 2, MostWithoutSize);
 }
 
 } // namespace vastrel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <istream>
 #include <string>
 
 namespace vastrel {
@@ -15,5 +16,12 @@ std::string ReadWholeFile(const std::string& path, std::uint64_t limit);
 /// The same with the limit of an input: half of the memory that is free, and no more than 4 GB of what has no
 /// size beforehand, so that an endless input ends.
 std::string ReadWholeFile(const std::string& path);
+
+/// The rest of a stream, of which errors tell the name. Run-time error 75 where reading breaks off, 7 for
+/// more than `limit` bytes.
+std::string ReadToEnd(std::istream& stream, const std::string& name, std::uint64_t limit);
+
+/// The limit of an input that has no size beforehand, in bytes.
+std::uint64_t LargestPipe();
 
 } // namespace vastrel

@@ -1,5 +1,6 @@
 #include "core/text/WholeFile.h"
 
+#include "core/platform/AvailableMemory.h"
 #include "core/text/TextFile.h"
 #include "support/FilledPipe.h"
 #include "support/RaisedError.h"
@@ -52,4 +53,18 @@ TEST(WholeFile, TellsAReadingThatBreaksOff) {
     if (access(own, R_OK) != 0) GTEST_SKIP() << "There is no file here that breaks off.";
     EXPECT_EQ(ErrorDescriptionOf([&] { ReadWholeFile(own); }),
               "Path/File access error\n/proc/self/mem could not be read to its end.");
+}
+
+TEST(WholeFile, MayFillHalfOfTheMemoryThatIsFree) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", std::string(1000, 'x'));
+    ForceAvailableMemory([] { return std::uint64_t{2000}; });
+    EXPECT_EQ(ReadWholeFile(path).size(), 1000U);
+    EXPECT_EQ(LargestPipe(), 1000U);
+    ForceAvailableMemory([] { return std::uint64_t{1999}; });
+    EXPECT_EQ(ErrorNumberOf([&] { ReadWholeFile(path); }), OutOfMemory);
+    EXPECT_EQ(ErrorNumberOf([] { ReadWholeFile("/dev/zero"); }), OutOfMemory);
+    ForceAvailableMemory([] { return ~std::uint64_t{0}; });
+    EXPECT_EQ(LargestPipe(), std::uint64_t{4} << 30U);
+    ForceAvailableMemory({});
 }
