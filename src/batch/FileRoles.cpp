@@ -33,6 +33,7 @@ struct NamedFile {
     std::optional<std::string> Identity;
     bool IsDescriptor = false;
 
+    std::string Named() const { return Path == "-" ? "Standard output" : Path; }
     std::string Words() const { return Option.front() == '-' ? Option + " " + Path : Path; }
 };
 
@@ -85,6 +86,8 @@ CommandFiles FilesOf(const CLI::App& program, bool onceMore) {
             if (role->second == Role::Pictures) files.AddPictures(name, path);
         }
     }
+    // A run that is asked for nothing tells its lists there.
+    if (files.Outputs.empty()) files.Outputs.push_back(Named("Standard output", "-"));
     return files;
 }
 
@@ -117,7 +120,7 @@ void RequireSeparateFiles(const CLI::App& program, bool onceMore) {
     for (size_t i = 0; i < files.Outputs.size(); ++i) {
         const NamedFile& output = files.Outputs[i];
         for (const NamedFile& input : files.Inputs)
-            if (AreOne(input, output)) throw WrongUse(output.Path + " is an input.");
+            if (AreOne(input, output)) throw WrongUse(output.Named() + " is an input.");
         for (size_t j = 0; j < i; ++j)
             if (Collide(files.Outputs[j], output)) RefuseOneFile(files.Outputs[j], output);
         for (const NamedFile& folder : files.Folders)

@@ -1,4 +1,5 @@
 #include "support/BatchProgram.h"
+#include "support/BatchProgramShell.h"
 #include "support/SampleRuns.h"
 
 #include <gtest/gtest.h>
@@ -117,6 +118,27 @@ TEST_F(FileRolesTest, AnotherSpellingIsTheSameFile) {
     ExpectRefused(WatchPoints() + Words{"--lists", "watch_z.txt"}, " is an input.", "watch_z.txt");
     ExpectRefused(WatchPoints() + Words{"--cusum", "new/../watch_z.txt", "--maps", "./watch_z.txt"},
                   " is an input.", "watch_z.txt");
+}
+
+// Where the folder is to be made, what its ".." leads to is there by the time of the writing.
+TEST_F(FileRolesTest, AFolderThatIsStillToBeMadeHidesNoFile) {
+    if (!VASTREL_PICTURES) GTEST_SKIP() << "built without pictures";
+    for (const std::string way : {"/made/..", "/made/./deep/../..", "//made/.."}) {
+        const Words words = WatchPoints() + Words{"--maps", In("made/deep"), "--lists"};
+        ExpectRefused(words + Words{folder_.Path() + way + "/watch_xy.txt"}, " is an input.", folder_.Path());
+        ExpectRefused(words + Words{folder_.Path() + way + "/new", "--json", In("new")}, "--lists", "--json");
+    }
+}
+
+TEST_F(FileRolesTest, StandardOutputIsNoInputEither) {
+    const std::string run = "cd '" + folder_.Path() + "' && \"$BATCH\" ";
+    for (const std::string words : {"retrospective-points country_pop.txt --format pop-case --sigma 1",
+                                    "retrospective-points country_pop.txt --format pop-case --report -"}) {
+        const auto before = Everything();
+        const auto result = RunShell(run + words + " >> country_pop.txt");
+        EXPECT_EQ(result, (BatchResult{2, "", "Standard output is an input.\n"})) << words;
+        EXPECT_EQ(Everything(), before) << words;
+    }
 }
 
 TEST_F(FileRolesTest, NoTwoOutputsAreOne) {

@@ -80,6 +80,13 @@ std::set<std::string> FoldersOf(const StagedFiles& files) {
     return folders;
 }
 
+std::set<std::string> IdentitiesOf(const StagedFiles& files) {
+    std::set<std::string> identities;
+    for (const auto& file : files)
+        if (const auto identity = FileIdentity(file->Path())) identities.insert(*identity);
+    return identities;
+}
+
 /// Those that are written in place come first: a lack of room shows before anything is moved.
 void PlaceAll(StagedFiles& files) {
     std::stable_partition(files.begin(), files.end(), [](const auto& file) { return file->IsInPlace(); });
@@ -115,8 +122,9 @@ void OutputSet::Commit() const {
         else
             streams.push_back({std::move(target), bytes});
     }
+    const auto taken = IdentitiesOf(files);
     for (const auto& file : files)
-        file->Stage();
+        file->Stage(taken);
     for (const auto& folder : FoldersOf(files))
         SyncFolder(folder);
     for (const auto& stream : streams)

@@ -109,6 +109,10 @@ std::optional<std::string> FileIdentity(const std::string& path) {
         const bool named = S_ISREG(is.st_mode) || S_ISDIR(is.st_mode) || S_ISFIFO(is.st_mode);
         return named ? std::optional(numbers(is)) : std::nullopt;
     }
+    // A ".." behind a folder that is still to be made leads where it will.
+    std::error_code failed;
+    const std::string plain = fs::weakly_canonical(path, failed).string();
+    if (!failed && !plain.empty() && plain != path) return FileIdentity(plain);
     OutputTarget target;
     target.Path = path;
     if (!FollowLinks(target)) return {};

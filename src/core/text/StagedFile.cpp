@@ -84,9 +84,13 @@ void Rewrite(int file, std::string_view bytes, const std::string& path) {
 
 } // namespace
 
-void StagedFile::Stage() {
+void StagedFile::Stage(const std::set<std::string>& taken) {
     std::optional<Descriptor> file;
     staged_ = MakeBeside(target_.Path, [&](const char* name) {
+        if (const auto identity = FileIdentity(name); identity && taken.contains(*identity)) {
+            errno = EEXIST;
+            return -1;
+        }
         file.emplace(
             OpenFile(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, target_.Exists ? OwnMode : NewFileMode));
         return *file ? 0 : -1;

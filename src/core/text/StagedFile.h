@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,9 @@ public:
     /// The bytes must outlive the object.
     StagedFile(OutputTarget target, std::string_view bytes) : target_(std::move(target)), bytes_(bytes) {}
 
-    /// Brings the bytes on the disk beside the file. Run-time error 75, 70 or 61 where that cannot be.
-    void Stage();
+    /// Brings the bytes on the disk beside the file, under a name that is none of those taken by the files of
+    /// the same set (FileIdentity). Run-time error 75, 70 or 61 where that cannot be.
+    void Stage(const std::set<std::string>& taken);
 
     /// Puts them in place. The same errors; then, and where another file of a set fails, PutBack is to
     /// follow. With `last` nothing follows, and the old file is not kept. Inside of a SignalsWait.

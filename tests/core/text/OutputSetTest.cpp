@@ -279,3 +279,17 @@ TEST(OutputSet, PutsBackWhatWasMovedWhereAMoveFails) {
     EXPECT_EQ(ReadFile(linked), "one of two");
     EXPECT_EQ(NamesIn(folder), (Names{"linked", "last", "old", "other", "pipe"}));
 }
+
+TEST(OutputSet, LeavesTheNamesOfItsOwnFilesAlone) {
+    const TemporaryFolder folder;
+    fs::create_directory_symlink(folder.Path(), folder / "way");
+    for (const bool exists : {false, true}) {
+        OutputSet set;
+        set.Add(folder / "way/.a~", exists ? "hidden once more" : "hidden");
+        set.Add(folder / "a", exists ? "new once more" : "new");
+        set.Commit();
+        EXPECT_EQ(ReadFile(folder / ".a~"), exists ? "hidden once more" : "hidden");
+        EXPECT_EQ(ReadFile(folder / "a"), exists ? "new once more" : "new");
+        EXPECT_EQ(NamesIn(folder), (Names{"a", ".a~", "way"}));
+    }
+}
