@@ -56,9 +56,13 @@ void DeriveExpected(CountFormat format, std::ptrdiff_t rows) {
     }
 }
 
-Deviations DeviationsOf(CountFormat format, std::ptrdiff_t i, double rate) {
+/// A Region beyond the last row has no counts, on which the divisions fail; the table is named then.
+Deviations DeviationsOf(CountFormat format, std::ptrdiff_t i, double rate) try {
     return format == CountFormat::PopCase ? DeviationsFromRate(ws.ObsCount(i), rate, ws.PopBase(i))
                                           : DeviationsFromExpected(ws.ObsCount(i), ws.ExpCount(i));
+} catch (const RunTimeError& error) {
+    if (!ws.AttributeRecordset || i <= AttributeTable().RecordCount()) throw;
+    throw RunTimeError(error.Number(), error.Source(), error.Description() + "\n" + RowsForRegions());
 }
 
 } // namespace

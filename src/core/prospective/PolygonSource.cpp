@@ -82,8 +82,7 @@ Array1<std::string> RunLabels(ZSource source) {
     const int records = AttributeTable().RecordCount();
     if (records != ws.NumRegion)
         RaiseCustomary(records < ws.NumRegion ? NoCurrentRecord : SubscriptOutOfRange, "RunLabels",
-                       ws.DbfTableName + " has " + std::to_string(records) + " rows for " +
-                           std::to_string(ws.NumRegion) + " Regions.");
+                       RowsForRegions());
     return RecordLabels();
 }
 

@@ -1,8 +1,5 @@
 #include "core/spatial/AttributeRows.h"
 
-#include "core/platform/RunTimeError.h"
-#include "core/workspace/Workspace.h"
-
 namespace vastrel {
 
 Recordset& AttributeTable() {
@@ -26,6 +23,15 @@ std::vector<std::string> NumericFieldNames() {
     for (int k = 0; k < table.FieldCount(); ++k)
         if (IsNumberType(table.Fields(k).Type())) names.push_back(table.Fields(k).Name());
     return names;
+}
+
+std::string RowsForRegions() {
+    return ws.DbfTableName + " has " + std::to_string(AttributeTable().RecordCount()) + " rows for " +
+           std::to_string(ws.NumRegion) + " Regions.";
+}
+
+void RaiseSurplusRows() {
+    RaiseCustomary(SubscriptOutOfRange, "AttributeRecordset", RowsForRegions());
 }
 
 void ReadTexts(const std::string& column, Array1<std::string>& values) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "core/platform/RunTimeError.h"
 #include "core/spatial/Recordset.h"
-#include "core/workspace/Arrays.h"
+#include "core/workspace/Workspace.h"
 
 namespace vastrel {
 
@@ -19,6 +20,12 @@ std::vector<std::string> FieldNames();
 /// The same of the columns that hold numbers, of type integer or double.
 std::vector<std::string> NumericFieldNames();
 
+/// How many rows the table has, and how many Regions there are.
+std::string RowsForRegions();
+
+/// Raises run-time error 9 for rows beyond the Regions.
+[[noreturn]] void RaiseSurplusRows();
+
 /// Calls row(i) on each row of the table, counted from 1. It begins on the first row and ends there again; an
 /// error leaves the table on the row that it came from.
 template <typename Row>
@@ -26,7 +33,12 @@ void WalkRows(Row row) {
     Recordset& table = AttributeTable();
     table.MoveFirst();
     for (std::ptrdiff_t i = 1; !table.EndOfFile(); ++i) {
-        row(i);
+        try {
+            row(i);
+        } catch (const RunTimeError& error) {
+            if (error.Number() == SubscriptOutOfRange && i > ws.NumRegion) RaiseSurplusRows();
+            throw;
+        }
         table.MoveNext();
     }
     table.MoveFirst();

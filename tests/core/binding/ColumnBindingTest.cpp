@@ -259,7 +259,10 @@ TEST_F(ColumnBinding, StopsWhereTotalsOrProductsOverflow) {
 TEST_F(ColumnBinding, StopsAtARowBeyondTheShapes) {
     Open({{"a", "100", "1", "1"}, {"b", "300", "2", "1"}, {"c", "600", "7", "1"}}, 2);
     for (const auto format : {CountFormat::PopCase, CountFormat::ObsExp}) {
-        EXPECT_EQ(ErrorNumberOf([&] { BindCounts(format, Chosen()); }), SubscriptOutOfRange);
+        const auto error = ErrorOf([&] { BindCounts(format, Chosen()); });
+        EXPECT_EQ(error.Number, SubscriptOutOfRange);
+        EXPECT_EQ(error.Description,
+                  CustomaryText(SubscriptOutOfRange) + "\n" + ws.DbfTableName + " has 3 rows for 2 Regions.");
         EXPECT_EQ(Of(ws.ObsCount), (Values{1, 2}));
         EXPECT_EQ(ws.TotalObs, 3);
         EXPECT_EQ(CurrentText("KEY"), "c");
@@ -269,6 +272,9 @@ TEST_F(ColumnBinding, StopsAtARowBeyondTheShapes) {
 
 TEST_F(ColumnBinding, LeavesShapesWithoutARowAtZero) {
     Open({{"a", "100", "1", "4"}}, 2);
+    for (const auto format : {CountFormat::PopCase, CountFormat::ObsExp})
+        EXPECT_EQ(ErrorDescriptionOf([&] { BindCounts(format, Chosen()); }),
+                  CustomaryText(DivisionByZero) + "\n" + ws.DbfTableName + " has 1 rows for 2 Regions.");
     EXPECT_EQ(ErrorNumberOf([] { BindCounts(CountFormat::PopCase, Chosen()); }), DivisionByZero);
     EXPECT_EQ(Of(ws.PopBase), (Values{100, 0}));
     EXPECT_EQ(Of(ws.ExpCount), (Values{1, 0}));
