@@ -1,5 +1,6 @@
 #include "core/spatial/ShapeDataset.h"
 
+#include "core/numeric/Memory.h"
 #include "core/platform/FileSpec.h"
 #include "core/platform/NativePath.h"
 #include "core/platform/Platform.h"
@@ -77,11 +78,21 @@ std::int64_t SizeInFile(const Shape& shape) {
     return size;
 }
 
+std::int64_t PartCount(const CMultiPoint&) {
+    return 0;
+}
+
+template <typename Shape>
+std::int64_t PartCount(const Shape& shape) {
+    return shape.Count();
+}
+
 /// Reads all records as shapes of a class. Records that stand inside one another hold more than the file has
 /// room for: they are refused, so that time and memory stay in proportion to the file.
 template <typename Shape>
 void ReadAll(CShapeFile& file, const std::function<void(std::shared_ptr<Shape>)>& take) {
     std::int64_t room = file.MainFileSize();
+    std::int64_t parts = 0; // since memory was asked for
     for (std::int32_t i = 1; i <= ws.NumRegion; ++i) {
         auto shape = std::static_pointer_cast<Shape>(file.Item(i));
         room -= SizeInFile(*shape);
@@ -89,6 +100,11 @@ void ReadAll(CShapeFile& file, const std::function<void(std::shared_ptr<Shape>)>
             RaiseCustomary(InputPastEndOfFile, "LoadShapes",
                            "record " + std::to_string(i) + " of " + ws.DatasetFileName->GetBaseName() +
                                ".shp stands inside another: the file is too short for both.");
+        parts += PartCount(*shape);
+        if (parts > ManyParts) {
+            RequireMemory(static_cast<double>(parts) * sizeof(CPart), "LoadShapes"); // as many may follow
+            parts = 0;
+        }
         take(std::move(shape));
     }
 }

@@ -51,8 +51,7 @@ std::string IndexRecord(std::int32_t index) {
 
 /// A part takes far more memory than its index does in the file: many of them are asked for beforehand.
 void RequireMemoryForParts(std::int32_t count) {
-    constexpr std::int32_t many = 100000;
-    if (count > many) RequireMemory(static_cast<double>(count) * sizeof(CPart), "ShapeReader");
+    if (count > ManyParts) RequireMemory(static_cast<double>(count) * sizeof(CPart), "ShapeReader");
 }
 
 void CheckCount(std::int32_t count, const std::string& place) {

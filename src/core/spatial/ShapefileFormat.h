@@ -18,8 +18,9 @@ constexpr std::int32_t ShapefileCode = 9994;
 constexpr std::int32_t ShapefileVersion = 1000;
 constexpr size_t MainHeaderSize = 100;
 constexpr size_t RecordHeaderSize = 8;
-constexpr std::int64_t PointSize = 16;    // x and y
-constexpr std::int64_t PartIndexSize = 4; // the first point of a part
+constexpr std::int64_t PointSize = 16;     // x and y
+constexpr std::int64_t PartIndexSize = 4;  // the first point of a part
+constexpr std::int64_t ManyParts = 100000; // before so many are read, memory is asked for
 
 // Places inside the contents of a record: type, box, and the numbers of parts and points.
 constexpr std::int64_t TypeSize = 4;

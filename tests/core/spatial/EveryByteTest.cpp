@@ -12,6 +12,7 @@
 #include "core/prospective/PolygonSource.h"
 #include "core/retrospective/PointDataset.h"
 #include "core/spatial/Centroids.h"
+#include "core/spatial/Projection.h"
 #include "core/spatial/Recordset.h"
 #include "core/spatial/ShapeDataset.h"
 #include "core/spatial/ShapeErrors.h"
@@ -25,6 +26,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <functional>
 #include <set>
 
@@ -89,11 +91,16 @@ bool StoreIsFinite() {
            IsFinite(ws.PreviousCusum) && IsFinite(ws.ExportTable);
 }
 
+/// Each of these readings takes far less than a millisecond: a time that no machine is too slow for.
+constexpr std::clock_t LongestReading = std::clock_t{10} * CLOCKS_PER_SEC;
+
 using Reading = std::function<void(const std::string& bytes)>;
 
 void ReadOne(const std::string& bytes, const Reading& read, const std::string& what) {
     ws = Workspace{};
+    const auto start = std::clock();
     const auto error = ErrorOf([&] { read(bytes); });
+    EXPECT_LT(std::clock() - start, LongestReading) << what;
     EXPECT_TRUE(IsKnown(error.Number)) << what << ": " << error;
     EXPECT_TRUE(StoreIsFinite()) << what;
 }
@@ -203,6 +210,15 @@ TEST_F(EveryByteOfADataset, OfTheIndex) {
 
 TEST_F(EveryByteOfADataset, OfTheNameOfACharacterSet) {
     ReadEveryChange("ISO 8859-15\r\n", OpenWith("cpg"));
+}
+
+TEST_F(EveryByteOfADataset, OfTheProjection) {
+    Open();
+    ReadEveryChange("PROJCS[\"Plane\",GEOGCS[\"WGS 84\"]]", [this](const std::string& bytes) {
+        folder_.Write("input.prj", bytes);
+        EXPECT_EQ(ProjectionOf(path_), bytes);
+        EXPECT_FALSE(IsGeographic(bytes));
+    });
 }
 
 TEST_F(EveryByteOfADataset, OfTheTableAndItsColumns) {

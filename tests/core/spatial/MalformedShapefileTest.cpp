@@ -1,5 +1,6 @@
 // What becomes of shapefile pairs that are not sound. One table tells for each the error and whether the
 // process or only the command ends.
+#include "core/platform/AvailableMemory.h"
 #include "core/platform/Platform.h"
 #include "core/platform/RunTimeError.h"
 #include "core/spatial/CPolygon.h"
@@ -300,6 +301,25 @@ TEST(MalformedShapefile, LeavesNoResultOfAFault) {
     EXPECT_EQ(ws.TotalShapeArea, 0);
     for (int i = 0; i <= 3; ++i)
         EXPECT_EQ(ws.ShpPartArea(i, 1), PartAreaRecord{}) << i;
+}
+
+// Parts without points: 4 bytes of the file each, and many more in memory.
+TEST(MalformedShapefile, AsksForTheMemoryOfItsParts) {
+    ScriptedPlatform platform;
+    DatasetFolder folder;
+    for (const std::int32_t parts : {100001, 40000}) { // in the second record, or in three together
+        const auto many = PartsContents(5, std::vector<std::int32_t>(static_cast<size_t>(parts), 0), {});
+        ShapefileBytes bytes(5);
+        for (int i = 0; i < 3; ++i)
+            bytes.Add(parts == 40000 || i == 1 ? many : SoundSquare);
+        ForceAvailableMemory([] { return 100001 * sizeof(CPart) - 1; });
+        const auto error = OpenAndCompute(folder, {bytes.Shp(), bytes.Shx()});
+        EXPECT_EQ(error.Number, OutOfMemory) << parts;
+        EXPECT_EQ(error.Source,
+                  parts == 40000 ? "LoadShapes" : "CShapeFile::Item"); // before its parts are made
+        EXPECT_EQ(ws.ShpPolygons.Count(), parts == 40000 ? 2 : 1) << parts;
+    }
+    ForceAvailableMemory({});
 }
 
 TEST(MalformedShapefile, EndsAtEveryLengthOfTheMainFile) {
