@@ -14,7 +14,6 @@ ExitStatus RunCentroids(const std::string& file, const std::string& out) {
     if (!OpenPolygonInput(file)) return ExitStatus::Refused;
     ComputeShapeAreas();
     ComputeCentroids();
-    if (out.empty()) return ExitStatus::Done; // without a name nothing is written
     Outputs outputs;
     outputs.Add(out, CentroidFileText());
     outputs.Write();

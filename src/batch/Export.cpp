@@ -41,7 +41,6 @@ ExitStatus RunExport(const ExportOptions& options) {
     ComputeCentroids();
     if (!TakeColumns(options) || !TakeExportSigma(options.Sigma)) return ExitStatus::Refused;
     ComputeExport(OptionOf(options.Option));
-    if (options.Out.empty()) return ExitStatus::Done; // without a name nothing is written
     Outputs outputs;
     outputs.Add(options.Out, JoinLines(ExportLines()));
     outputs.Write();

@@ -9,6 +9,7 @@ namespace vastrel {
 namespace fs = std::filesystem;
 
 void Outputs::Add(const std::string& path, std::string bytes) {
+    if (path.empty()) return;
     if (path != "-" && !names_.insert(path).second) throw WrongUse(path + " is named for two outputs.");
     files_.Add(path, std::move(bytes));
 }

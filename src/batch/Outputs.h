@@ -10,6 +10,7 @@ namespace vastrel {
 /// The files that a command writes, collected until all results are there. "-" is standard output.
 class Outputs {
 public:
+    /// Without a name nothing is written. WrongUse for a name that another output has.
     void Add(const std::string& path, std::string bytes);
 
     /// A folder that is made before the files are written, where it is missing.
