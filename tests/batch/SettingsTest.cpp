@@ -1,5 +1,6 @@
 #include "support/BatchProgram.h"
 #include "support/BatchProgramShell.h"
+#include "support/BrokenBytes.h"
 #include "support/FilledPipe.h"
 #include "support/ProjectFolder.h"
 #include "support/TemporaryFolder.h"
@@ -227,18 +228,10 @@ TEST(Settings, EndAtEveryByteAsTheProgramSays) {
     for (const std::string& sound : texts) {
         const TemporaryFolder folder;
         std::filesystem::create_directory(folder / "broken");
-        size_t count = 0;
-        const auto add = [&](const std::string& bytes) {
+        int count = 0;
+        ForEachBroken(sound, 1, {0x01, 0x80}, [&](const auto& bytes, const auto&) {
             folder.Write("broken/" + std::to_string(count++), bytes);
-        };
-        for (size_t at = 0; at < sound.size(); ++at) {
-            add(sound.substr(0, at));
-            for (const int flip : {0x01, 0x80}) {
-                std::string changed = sound;
-                changed[at] = static_cast<char>(changed[at] ^ flip);
-                add(changed);
-            }
-        }
+        });
         const auto result =
             RunShell("cd '" + folder.Path() +
                      "'; for f in broken/*; do timeout 20 \"$BATCH\" h-value "

@@ -1,3 +1,4 @@
+#include "support/BrokenBytes.h"
 #include "support/PartsOfARange.h"
 
 using namespace vastrel;
@@ -41,12 +42,9 @@ TEST_F(SweepPart, RefusesAPartThatWasCutOrChangedAnywhere) {
     ASSERT_LT(whole.size(), 1000u);
     fs::create_directory("broken");
     int count = 0;
-    for (size_t at = 0; at < whole.size(); at += 3) {
-        auto changed = whole;
-        changed[at] = static_cast<char>(changed[at] ^ (1 << at % 8));
-        folder_.Write("broken/" + std::to_string(count++), whole.substr(0, at));
-        folder_.Write("broken/" + std::to_string(count++), changed);
-    }
+    ForEachBroken(whole, 3, {0x80, 0x01}, [&](const auto& bytes, const auto&) {
+        folder_.Write("broken/" + std::to_string(count++), bytes);
+    });
     const auto result = RunShell("for f in broken/*; do \"$BATCH\" join $f 2>&1; echo $?; done | sed "
                                  "'s,broken/[0-9]*,F,' | sort | uniq -c | tr -s ' '");
     EXPECT_EQ(result.Output, " " + std::to_string(count) + " 3\n " + std::to_string(count) +

@@ -17,6 +17,7 @@
 #include "core/spatial/ShapeDataset.h"
 #include "core/spatial/ShapeErrors.h"
 #include "core/workspace/Workspace.h"
+#include "support/BrokenBytes.h"
 #include "support/PeakMemory.h"
 #include "support/RaisedError.h"
 #include "support/RecorderSurface.h"
@@ -111,15 +112,8 @@ void ReadEveryChange(const std::string& sound, const Reading& read) {
     ws = Workspace{};
     EXPECT_EQ(ErrorOf([&] { read(sound); }).Number, 0);
     const auto before = PeakMemory();
-    for (size_t place = 0; place < sound.size(); ++place) {
-        const std::string where = " at " + std::to_string(place);
-        ReadOne(sound.substr(0, place), read, "cut off" + where);
-        for (const int flip : {0x01, 0x40, 0x80, 0xFF}) {
-            std::string changed = sound;
-            changed[place] = static_cast<char>(changed[place] ^ flip);
-            ReadOne(changed, read, "changed by " + std::to_string(flip) + where);
-        }
-    }
+    ForEachBroken(sound, 1, {0x01, 0x40, 0x80, 0xFF},
+                  [&](const auto& bytes, const auto& what) { ReadOne(bytes, read, what); });
     EXPECT_LT(PeakMemory() - before, WithinLimit(HundredMegabytes / 4));
 }
 
